@@ -4,6 +4,8 @@
 #include "host_api/basic_types.h"
 #include "host_api/commands.h"
 
+constexpr AEGP_LayerIDVal AEGP_LayerIDVal_NONE = 0;
+
 enum : A_long {  // AEGP_LayerStream
   AEGP_LayerStream_NONE = -1,
   AEGP_LayerStream_ANCHORPOINT = 0,

@@ -1,0 +1,41 @@
+// Frame memory. The lists of a frame are sized once, written once and never zeroed first: touching fresh
+// pages twice is what makes lists expensive.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <type_traits>
+
+namespace vantle {
+
+/// A fixed-size array of uninitialised values. Throws std::bad_alloc when memory runs out, so it is never
+/// allocated inside a parallel region.
+template <class T>
+class Buffer {
+  static_assert(std::is_trivially_destructible_v<T> && std::is_trivially_copyable_v<T>);
+
+ public:
+  Buffer() = default;
+  explicit Buffer(size_t size) { Reset(size); }
+
+  /// Drops the content and holds `size` uninitialised values.
+  void Reset(size_t size) {
+    values_.reset();
+    size_ = 0;
+    values_ = std::make_unique_for_overwrite<T[]>(size);
+    size_ = size;
+  }
+
+  size_t size() const { return size_; }
+  bool empty() const { return size_ == 0; }
+  T* data() { return values_.get(); }
+  const T* data() const { return values_.get(); }
+  T& operator[](size_t i) { return values_[i]; }
+  const T& operator[](size_t i) const { return values_[i]; }
+
+ private:
+  std::unique_ptr<T[]> values_;
+  size_t size_ = 0;
+};
+
+}  // namespace vantle

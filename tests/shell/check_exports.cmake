@@ -1,0 +1,16 @@
+# Fails unless MODULE exports exactly the two entry points. NM names the symbol lister.
+execute_process(COMMAND ${NM} -D --defined-only --format=posix ${MODULE}
+                OUTPUT_VARIABLE lines RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+  message(FATAL_ERROR "${NM} cannot read ${MODULE}")
+endif()
+string(REGEX MATCHALL "[^\n]+" lines "${lines}")
+set(names "")
+foreach(line IN LISTS lines)
+  string(REGEX MATCH "^[^ ]+" name "${line}")
+  list(APPEND names "${name}")
+endforeach()
+list(SORT names)
+if(NOT names STREQUAL "EffectMain;PluginDataEntryFunction")
+  message(FATAL_ERROR "exports: ${names}")
+endif()
