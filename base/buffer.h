@@ -4,9 +4,13 @@
 
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <type_traits>
 
 namespace vantle {
+
+/// Buffers begin with a cache line, so that records and vectors of 64 bytes lie in one line each.
+inline constexpr std::align_val_t kBufferAlignment{64};
 
 /// A fixed-size array of uninitialised values. Throws std::bad_alloc when memory runs out, so it is never
 /// allocated inside a parallel region.
@@ -22,7 +26,10 @@ class Buffer {
   void Reset(size_t size) {
     values_.reset();
     size_ = 0;
-    values_ = std::make_unique_for_overwrite<T[]>(size);
+    if (size > static_cast<size_t>(-1) / sizeof(T)) throw std::bad_alloc();
+    T* values = static_cast<T*>(::operator new(size * sizeof(T), kBufferAlignment));
+    std::uninitialized_default_construct_n(values, size);
+    values_.reset(values);
     size_ = size;
   }
 
@@ -30,11 +37,14 @@ class Buffer {
   bool empty() const { return size_ == 0; }
   T* data() { return values_.get(); }
   const T* data() const { return values_.get(); }
-  T& operator[](size_t i) { return values_[i]; }
-  const T& operator[](size_t i) const { return values_[i]; }
+  T& operator[](size_t i) { return values_.get()[i]; }
+  const T& operator[](size_t i) const { return values_.get()[i]; }
 
  private:
-  std::unique_ptr<T[]> values_;
+  struct Free {
+    void operator()(T* values) const { ::operator delete(values, kBufferAlignment); }
+  };
+  std::unique_ptr<T, Free> values_;
   size_t size_ = 0;
 };
 

@@ -45,31 +45,34 @@ inline ReducedAngle ReducePlainAngle(double radians) {
   return {r, 0.0, static_cast<int32_t>(std::bit_cast<uint64_t>(shifted) & 3u)};
 }
 
-/// Sine on -pi/4..pi/4, relative error 2^-37.5.
-inline double SineKernel(double r) {
-  const double z = r * r;
-  const double p = ((0x1.6cd1d1d632eb1p-19 * z - 0x1.a00f7e9fbf03fp-13) * z + 0x1.11110869b7e5ep-7) * z -
-                   0x1.5555554c70e79p-3;
+/// Sine on -pi/4..pi/4, relative error 2^-37.5. Real is double, or several of them side by side.
+template <class Real>
+Real SineKernel(Real r) {
+  const Real z = r * r;
+  const Real p = ((0x1.6cd1d1d632eb1p-19 * z - 0x1.a00f7e9fbf03fp-13) * z + 0x1.11110869b7e5ep-7) * z -
+                 0x1.5555554c70e79p-3;
   return r * (1.0 + z * p);
 }
 
 /// Cosine on -pi/4..pi/4, relative error 2^-33.9.
-inline double CosineKernel(double r) {
-  const double z = r * r;
-  const double p = ((0x1.9916714a3eda3p-16 * z - 0x1.6c07f0a408db8p-10) * z + 0x1.55553c76a7a8cp-5) * z -
-                   0x1.ffffffcb7d74fp-2;
+template <class Real>
+Real CosineKernel(Real r) {
+  const Real z = r * r;
+  const Real p = ((0x1.9916714a3eda3p-16 * z - 0x1.6c07f0a408db8p-10) * z + 0x1.55553c76a7a8cp-5) * z -
+                 0x1.ffffffcb7d74fp-2;
   return 1.0 + z * p;
 }
 
 /// Arc tangent on -tan(pi/8)..tan(pi/8), relative error 2^-35.4.
-inline double ArcTangentKernel(double t) {
-  const double z = t * t;
-  const double p = ((((0x1.849d760f4d719p-5 * z - 0x1.5b2f1771f0afdp-4) * z + 0x1.c463cef33bfcfp-4) * z -
-                     0x1.247ed89455b97p-3) *
-                        z +
-                    0x1.99991891df5bbp-3) *
-                       z -
-                   0x1.555554c5f0edcp-2;
+template <class Real>
+Real ArcTangentKernel(Real t) {
+  const Real z = t * t;
+  const Real p = ((((0x1.849d760f4d719p-5 * z - 0x1.5b2f1771f0afdp-4) * z + 0x1.c463cef33bfcfp-4) * z -
+                   0x1.247ed89455b97p-3) *
+                      z +
+                  0x1.99991891df5bbp-3) *
+                     z -
+                 0x1.555554c5f0edcp-2;
   return t * (1.0 + z * p);
 }
 

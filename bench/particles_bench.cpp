@@ -259,7 +259,7 @@ void Move(benchmark::State& state, const FrameSettings& s) {
     PositionsAt(frame, lanes.path, lanes.progress, &positions);
     if (frame.needsDirection) Directions(frame, lanes, positions, &directions);
     EvaluateAppearance(frame, lanes, &looks);
-    for (int32_t l = 0; l < kLanes; ++l) ProjectParticle(view, positions, directions, looks, l, &out[l]);
+    ProjectParticles(view, positions, directions, looks, indices, kLanes, out);
     benchmark::DoNotOptimize(out);
   }
   SetItems(state, kLanes);
@@ -281,13 +281,14 @@ void Project(benchmark::State& state, bool hasCamera) {
   const ViewProjection view = MakeViewProjection(s, camera);
   VectorLanes positions{}, directions{};
   AppearanceLanes looks{};
+  const int32_t indices[kLanes] = {};
   for (int32_t l = 0; l < kLanes; ++l) {
     positions.x[l] = static_cast<float>(l);
     looks.size[l] = looks.opacity[l] = 1.0f;
   }
   ProjectedParticle out[kLanes];
   for (auto _ : state) {
-    for (int32_t l = 0; l < kLanes; ++l) ProjectParticle(view, positions, directions, looks, l, &out[l]);
+    ProjectParticles(view, positions, directions, looks, indices, kLanes, out);
     benchmark::DoNotOptimize(out);
   }
   SetItems(state, kLanes);

@@ -5,9 +5,18 @@
 #include "particles/lanes.h"
 #include "particles/motion.h"
 
+#include <cstdint>
+
 namespace vantle {
 
-struct AppearanceLanes {
+enum ColorModeId : int32_t {
+  COLOR_SOLID = 1,
+  COLOR_FROM_EMITTER = 2,
+  COLOR_OVER_LIFE = 3,
+  COLOR_RANDOM_OVER_LIFE = 4,
+};
+
+struct alignas(64) AppearanceLanes {
   float r[kLanes], g[kLanes], b[kLanes];
   float opacity[kLanes];                           ///< 0..1
   float size[kLanes];                              ///< pixels, at least 0.5

@@ -5,6 +5,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <emmintrin.h>
 #include <utility>
 
 namespace vantle {
@@ -69,23 +70,39 @@ Entry* RadixSort(Entry* entries, Entry* spare, size_t count) {
   return entries;
 }
 
-/// Moves every record to its place, cycle by cycle: place i takes the record that stands at the index of
-/// entries[i]. Entries that have been followed point to themselves.
-void MoveRecords(Entry* entries, size_t count, ProjectedParticle* records) {
-  for (size_t i = 0; i < count; ++i) {
-    size_t from = static_cast<uint32_t>(entries[i]);
-    if (from == i) continue;
+/// Moves every record to its place, cycle by cycle: place i takes the record that stands at sources[i].
+/// Places that have been filled become their own sources. A scout runs ahead along the cycle and asks for the
+/// records, whose places are as good as random; the list of sources is small enough to stay near. A second
+/// list to copy to would save the chase, but its fresh pages cost more than that.
+void MoveRecords(uint32_t* sources, size_t count, ProjectedParticle* records) {
+  constexpr int32_t kAhead = 12;
+  for (uint32_t i = 0; i < count; ++i) {
+    if (sources[i] == i) continue;
     const ProjectedParticle first = records[i];
-    size_t to = i;
+    uint32_t to = i, from = sources[i], scout = from;
+    for (int32_t k = 0; k < kAhead && scout != i; ++k) {
+      scout = sources[scout];
+      _mm_prefetch(reinterpret_cast<const char*>(records + scout), _MM_HINT_T0);
+    }
     while (from != i) {
+      if (scout != i) {
+        scout = sources[scout];
+        _mm_prefetch(reinterpret_cast<const char*>(records + scout), _MM_HINT_T0);
+      }
       records[to] = records[from];
-      entries[to] = to;
+      sources[to] = to;
       to = from;
-      from = static_cast<uint32_t>(entries[to]);
+      from = sources[to];
     }
     records[to] = first;
-    entries[to] = to;
+    sources[to] = to;
   }
+}
+
+/// The same from sorted entries; `sources` is scratch.
+void MoveRecords(const Entry* entries, uint32_t* sources, size_t count, ProjectedParticle* records) {
+  for (size_t i = 0; i < count; ++i) sources[i] = static_cast<uint32_t>(entries[i]);
+  MoveRecords(sources, count, records);
 }
 
 }  // namespace
@@ -94,16 +111,20 @@ void SortBackToFront(ParticleList* list) {
   constexpr size_t kFew = 48, kMany = 4096;
   const size_t count = list->count;
   if (count < 2) return;
+  if (count <= kFew) {
+    Entry few[kFew];
+    uint32_t sources[kFew];
+    if (!MakeEntries(*list, few)) return;
+    InsertionSort(few, count);
+    return MoveRecords(few, sources, count, list->particles.data());
+  }
   Buffer<Entry> entries(count);
   if (!MakeEntries(*list, entries.data())) return;
-  if (count <= kFew) {
-    InsertionSort(entries.data(), count);
-    return MoveRecords(entries.data(), count, list->particles.data());
-  }
   Buffer<Entry> spare(count);
+  Buffer<uint32_t> sources(count);
   Entry* sorted = count < kMany ? RadixSort<8>(entries.data(), spare.data(), count)
                                 : RadixSort<11>(entries.data(), spare.data(), count);
-  MoveRecords(sorted, count, list->particles.data());
+  MoveRecords(sorted, sources.data(), count, list->particles.data());
 }
 
 }  // namespace vantle

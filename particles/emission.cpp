@@ -3,6 +3,7 @@
 #include "base/floating_environment.h"
 #include "base/pixels.h"
 #include "particles/emission_weights.h"
+#include "particles/stages.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -12,7 +13,7 @@
 namespace vantle {
 namespace {
 
-constexpr int32_t kGroup = 16;
+constexpr int32_t kGroup = kSumGroup;
 constexpr int32_t kWideBlock = 256;
 constexpr int64_t kMostFloatPixels = int64_t{1} << 24;
 
@@ -50,20 +51,6 @@ void LoadRun(Summation& s) {
   }
 }
 
-/// Whether adding the block's sixteen weights of 1 one by one comes to exactly 16 more.
-bool IsWholeStep(const float* weights, float sum) {
-  int32_t ones = 0;
-  for (int32_t i = 0; i < kGroup; ++i) ones += weights[i] == 1.0f ? 1 : 0;
-  return ones == kGroup && sum <= 16777200.0f && sum == static_cast<float>(static_cast<int32_t>(sum));
-}
-
-/// Adds one block's weights, one after the other. Pixels that don't emit add 0, which changes nothing.
-float AddBlock(const float* weights, float sum) {
-  if (IsWholeStep(weights, sum)) return sum + 16.0f;
-  for (int32_t i = 0; i < kGroup; ++i) sum += weights[i];
-  return sum;
-}
-
 /// Remembers the first emitting pixel when block `b` of the run brought it. Zeros precede it.
 void NoteFirstPoint(const Summation& s, int32_t b) {
   Emitter& e = *s.emitter;
@@ -75,42 +62,45 @@ void NoteFirstPoint(const Summation& s, int32_t b) {
   e.hasPoints = true;
 }
 
-void StoreSum(Summation& s, int32_t b, float sum) {
-  s.emitter->sums[static_cast<size_t>(s.block + b)] = sum;
-  if (!s.emitter->hasPoints && sum > 0.0f) NoteFirstPoint(s, b);
-  s.sum = sum;
-}
-
-/// Sums the run's blocks from `b` on.
-void FinishRun(Summation& s, int32_t b) {
+/// Goes on behind the run, whose sums are stored.
+void Advance(Summation& s) {
   Emitter& e = *s.emitter;
-  for (; b < s.runBlocks; ++b) {
-    const float* weights = s.weights + static_cast<size_t>(b) * static_cast<size_t>(e.blockLength);
-    if (e.wideSums.empty()) {
-      StoreSum(s, b, AddBlock(weights, s.sum));
-      continue;
-    }
-    for (int32_t i = 0; i < e.blockLength; ++i) s.wideSum += static_cast<double>(weights[i]);
-    e.wideSums[static_cast<size_t>(s.block + b)] = s.wideSum;
-    StoreSum(s, b, static_cast<float>(s.wideSum));
+  for (int32_t b = 0; b < s.runBlocks && !e.hasPoints; ++b) {
+    if (e.sums[static_cast<size_t>(s.block + b)] > 0.0f) NoteFirstPoint(s, b);
   }
   s.block += s.runBlocks;
 }
 
-/// Sums two layers' runs side by side. Each is one long chain of dependent additions, and the processor works
-/// on both chains at once.
-void FinishRuns(Summation& a, Summation& b) {
-  int32_t i = 0;
-  if (a.emitter->wideSums.empty() && b.emitter->wideSums.empty()) {
-    for (const int32_t common = std::min(a.runBlocks, b.runBlocks); i < common; ++i) {
-      const float sumA = AddBlock(a.weights + i * kGroup, a.sum);
-      const float sumB = AddBlock(b.weights + i * kGroup, b.sum);
-      StoreSum(a, i, sumA);
-      StoreSum(b, i, sumB);
-    }
+/// Sums in double, for very large layers.
+void FinishWideRun(Summation& s) {
+  Emitter& e = *s.emitter;
+  for (int32_t b = 0; b < s.runBlocks; ++b) {
+    const float* weights = s.weights + static_cast<size_t>(b) * static_cast<size_t>(e.blockLength);
+    for (int32_t i = 0; i < e.blockLength; ++i) s.wideSum += static_cast<double>(weights[i]);
+    e.wideSums[static_cast<size_t>(s.block + b)] = s.wideSum;
+    e.sums[static_cast<size_t>(s.block + b)] = s.sum = static_cast<float>(s.wideSum);
   }
-  FinishRun(a, i);
-  FinishRun(b, i);
+  Advance(s);
+}
+
+/// Sums the run's blocks from `from` on, those before being stored.
+void FinishRun(Summation& s, int32_t from) {
+  if (!s.emitter->wideSums.empty()) return FinishWideRun(s);
+  float* sums = s.emitter->sums.data() + s.block;
+  s.sum = CurrentStages().sumBlocks(s.weights + from * kGroup, s.runBlocks - from, s.sum, sums + from);
+  Advance(s);
+}
+
+/// Sums two layers' runs, side by side as far as both go.
+void FinishRuns(Summation& a, Summation& b) {
+  int32_t common = 0;
+  if (a.emitter->wideSums.empty() && b.emitter->wideSums.empty()) {
+    common = std::min(a.runBlocks, b.runBlocks);
+    CurrentStages().sumBlockPairs(a.weights, b.weights, common, &a.sum, &b.sum,
+                                  a.emitter->sums.data() + a.block, b.emitter->sums.data() + b.block);
+  }
+  FinishRun(a, common);
+  FinishRun(b, common);
 }
 
 size_t RoundUpToGroup(size_t count) {

@@ -10,6 +10,9 @@
 
 namespace vantle {
 
+/// Sums are kept at every so many pixels, and gathered into tree nodes of as many.
+inline constexpr int32_t kSumGroup = 16;
+
 /// One layer as a weighted set of emitting pixels. No list of points is kept: a pick needs only the running
 /// sums of the weights at every 16th pixel, from which the few additions in between are repeated exactly.
 struct Emitter {
@@ -24,7 +27,7 @@ struct Emitter {
   float offsetY = 0.0f;
 
   /// Rows are cut into blocks of this many pixels, the last of a row being shorter.
-  int32_t blockLength = 16;
+  int32_t blockLength = kSumGroup;
   int32_t blocksPerRow = 0;
   /// Running sum at the end of each block, row after row; filled up with the total to whole groups of 16.
   Buffer<float> sums;

@@ -14,6 +14,9 @@ namespace vantle {
 /// Pixels up to this alpha emit nothing.
 inline constexpr float kEmittingAlpha = 0.01f;
 
+/// No weight of a pixel that emits is less.
+inline constexpr float kLeastWeight = 0.0001f;
+
 /// What the channel popups of weights and stagger choose.
 enum ChannelId : int32_t {
   CHANNEL_BRIGHTNESS = 1,

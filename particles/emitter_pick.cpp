@@ -3,6 +3,7 @@
 #include "base/pixels.h"
 #include "particles/emission_weights.h"
 #include "particles/particle_streams.h"
+#include "particles/stages.h"
 
 #include <algorithm>
 #include <bit>
@@ -12,7 +13,7 @@
 namespace vantle {
 namespace {
 
-constexpr int32_t kGroup = 16;
+constexpr int32_t kGroup = kSumGroup;
 
 /// The index, in a group of ascending values, of the first that doesn't lie below r; 16 if all do.
 size_t CountBelow(const float* group, float r) {
@@ -96,22 +97,32 @@ int64_t PickPixel(const Emitter& emitter, uint32_t key) {
   return FinishPick(emitter, BeginPick(emitter, key));
 }
 
-void PickPixels(const Emitter& emitter, const uint32_t* keys, int64_t* pixels) {
-  // The pixels lie anywhere in the layer: all are asked for before the first is waited for.
-  Quest quests[kLanes];
+void BeginPicks(const Emitter& emitter, const uint32_t* keys, PendingPicks* picks) {
+  if (emitter.wideSums.empty()) return CurrentStages().beginPicks(emitter, keys, picks);
+  picks->known = 0xFFFFu;
   for (int32_t l = 0; l < kLanes; ++l) {
-    quests[l] = BeginPick(emitter, keys[l]);
-    if (quests[l].column < 0) continue;
-    const std::byte* at = PixelsOf(emitter, quests[l]);
-    _mm_prefetch(reinterpret_cast<const char*>(at), _MM_HINT_T0);
-    _mm_prefetch(reinterpret_cast<const char*>(at) + 63, _MM_HINT_T0);
+    const int64_t pixel = PickPixel(emitter, keys[l]);
+    picks->row[l] = static_cast<int32_t>(pixel / emitter.image.width);
+    picks->column[l] = static_cast<int32_t>(pixel % emitter.image.width);
   }
-  for (int32_t l = 0; l < kLanes; ++l) pixels[l] = FinishPick(emitter, quests[l]);
 }
 
-EmittingPoint PointOfPixel(const Emitter& e, int64_t pixel, float downsampleX, float downsampleY) {
-  const int32_t row = static_cast<int32_t>(pixel / e.image.width);
-  const int32_t column = static_cast<int32_t>(pixel % e.image.width);
+void FinishPicks(const Emitter& emitter, PendingPicks* picks) {
+  if (emitter.wideSums.empty()) CurrentStages().finishPicks(emitter, picks);
+}
+
+void PickPixels(const Emitter& emitter, const uint32_t* keys, int64_t* pixels) {
+  PendingPicks picks;
+  BeginPicks(emitter, keys, &picks);
+  FinishPicks(emitter, &picks);
+  for (int32_t l = 0; l < kLanes; ++l) {
+    pixels[l] = int64_t{picks.row[l]} * emitter.image.width + picks.column[l];
+  }
+}
+
+namespace {
+
+EmittingPoint PointAt(const Emitter& e, int32_t row, int32_t column, float downsampleX, float downsampleY) {
   const std::byte* at = Row(e.image, row) + static_cast<size_t>(column) * PixelBytes(e.image.depth);
   const FloatPixel p = LoadPixel(e.image.depth, at);
   return {(static_cast<float>(column) + e.offsetX) / downsampleX,
@@ -120,6 +131,20 @@ EmittingPoint PointOfPixel(const Emitter& e, int64_t pixel, float downsampleX, f
           p.g,
           p.b,
           p.a};
+}
+
+}  // namespace
+
+void PointsOfPicks(const Emitter& emitter, const PendingPicks& picks, float downsampleX, float downsampleY,
+                   EmittingPoint* points) {
+  for (int32_t l = 0; l < kLanes; ++l) {
+    points[l] = PointAt(emitter, picks.row[l], picks.column[l], downsampleX, downsampleY);
+  }
+}
+
+EmittingPoint PointOfPixel(const Emitter& e, int64_t pixel, float downsampleX, float downsampleY) {
+  return PointAt(e, static_cast<int32_t>(pixel / e.image.width), static_cast<int32_t>(pixel % e.image.width),
+                 downsampleX, downsampleY);
 }
 
 }  // namespace vantle

@@ -32,8 +32,8 @@ void SetGeometry(const FrameSettings& s, FrameConstants& frame) {
   frame.centreY = static_cast<float>(s.fullHeight) * 0.5f;
   frame.extent = static_cast<float>(std::max(s.fullWidth, s.fullHeight));
   frame.jitter = frame.extent / 4.0f;
-  frame.downsampleX = s.downsampleX <= 0.001f ? 1.0f : s.downsampleX;
-  frame.downsampleY = s.downsampleY <= 0.001f ? 1.0f : s.downsampleY;
+  frame.downsampleX = UsableDownsample(s.downsampleX);
+  frame.downsampleY = UsableDownsample(s.downsampleY);
   frame.planeA = MakePlaneTransform(s.planeA, frame.centreX, frame.centreY);
   frame.planeB = MakePlaneTransform(s.planeB, frame.centreX, frame.centreY);
 }

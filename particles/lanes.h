@@ -9,7 +9,7 @@ namespace vantle {
 /// Particles a batch.
 inline constexpr int32_t kLanes = 16;
 
-struct VectorLanes {
+struct alignas(64) VectorLanes {
   float x[kLanes];
   float y[kLanes];
   float z[kLanes];

@@ -2,6 +2,7 @@
 // between.
 #pragma once
 
+#include "particles/emitter_pick.h"
 #include "particles/frame_constants.h"
 #include "particles/lanes.h"
 
@@ -10,7 +11,7 @@
 namespace vantle {
 
 /// What fixes the paths of kLanes particles.
-struct PathLanes {
+struct alignas(64) PathLanes {
   VectorLanes start;
   VectorLanes end;
   float bentEndX[kLanes], bentEndY[kLanes];  ///< the end, turned back by what the swirl will turn it
@@ -20,7 +21,7 @@ struct PathLanes {
 };
 
 /// kLanes particles at the start of their simulation.
-struct ParticleLanes {
+struct alignas(64) ParticleLanes {
   uint32_t key[kLanes];  ///< of the random streams
   PathLanes path;
   bool hasTarget;  ///< whether `toR` to `toB` are set
@@ -29,7 +30,25 @@ struct ParticleLanes {
   float progress[kLanes];
 };
 
-/// Picks the ends of the particles with these indices and sets everything of ParticleLanes.
+/// Where the points lie that the particles were picked, before they are put on their planes;
+/// full-resolution composition pixels. Without a second layer `to` is the same as `from`.
+struct alignas(64) PointLanes {
+  float fromX[kLanes], fromY[kLanes];
+  float toX[kLanes], toY[kLanes];
+};
+
+/// kLanes particles whose picks are under way.
+struct PendingParticles {
+  uint32_t key[kLanes];
+  PendingPicks from, to;  ///< `to` only when both layers have points
+};
+
+/// Begins the picks of the particles with these indices; FinishStart then sets everything of ParticleLanes.
+/// Whoever starts batch after batch begins the next one before finishing this, and waits for no pixel.
+void BeginStart(const FrameConstants& frame, const int32_t* indices, PendingParticles* pending);
+void FinishStart(const FrameConstants& frame, PendingParticles* pending, ParticleLanes* lanes);
+
+/// Both at once.
 void StartParticles(const FrameConstants& frame, const int32_t* indices, ParticleLanes* lanes);
 
 /// Positions at the progress q[l] of each path.

@@ -14,6 +14,11 @@ struct Rotation3 {
 /// R = Rz * Ry * Rx of angles in radians.
 Rotation3 MakeRotation(float x, float y, float z);
 
+/// Output pixels a full-resolution pixel; a factor of (nearly) nothing says nothing and counts as 1.
+inline float UsableDownsample(float factor) {
+  return factor <= 0.001f ? 1.0f : factor;
+}
+
 /// Where a plane puts the points of its layer.
 struct PlaneTransform {
   Rotation3 rotation;

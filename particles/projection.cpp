@@ -1,21 +1,18 @@
 #include "particles/projection.h"
 
-#include "base/elementary_inline.h"
-#include "base/numeric.h"
+#include "base/elementary.h"
 #include "particles/planes.h"
+#include "particles/stages.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
-#include <limits>
+#include <cstdint>
 
 namespace vantle {
 namespace {
 
 constexpr double kDegrees = 57.29578;
-
-bool IsFinite(float v) {
-  return std::fabs(v) <= std::numeric_limits<float>::max();
-}
 
 double CameraDepth(const ViewProjection& v, const Vec3& p) {
   const double x = static_cast<double>(p.x), y = static_cast<double>(p.y), z = static_cast<double>(p.z);
@@ -38,10 +35,10 @@ ScreenPoint ProjectSimply(const ViewProjection& v, const Vec3& p) {
 // ---- Rotation ----
 
 /// Rotation of a particle that does not face the camera, as angles seen from the camera: those of C = R *
-/// V^T, with V the rotation of the view.
-void ResolveRotation(const ViewProjection& v, ProjectedParticle* out) {
+/// V^T, with V the rotation of the view. `degrees` about x, y and z.
+Vec3 ResolveRotation(const ViewProjection& v, const Vec3& degrees) {
   const float radians = 0.017453292f;
-  const Rotation3 r = MakeRotation(out->rotX * radians, out->rotY * radians, out->rotZ * radians);
+  const Rotation3 r = MakeRotation(degrees.x * radians, degrees.y * radians, degrees.z * radians);
   const auto c = [&](int i, int j) {
     return static_cast<double>(r.m[i][0]) * v.m[j] + static_cast<double>(r.m[i][1]) * v.m[4 + j] +
            static_cast<double>(r.m[i][2]) * v.m[8 + j];
@@ -51,40 +48,54 @@ void ResolveRotation(const ViewProjection& v, ProjectedParticle* out) {
   const double rotX = locked ? Atan2(-c(1, 2), c(1, 1)) : Atan2(c(2, 1), c(2, 2));
   const double rotY = Asin(std::clamp(-c20, -1.0, 1.0));
   const double rotZ = locked ? 0.0 : Atan2(c(1, 0), c(0, 0));
-  out->rotX = static_cast<float>(rotX * kDegrees);
-  out->rotY = static_cast<float>(rotY * kDegrees);
-  out->rotZ = static_cast<float>(rotZ * kDegrees);
+  return {static_cast<float>(rotX * kDegrees), static_cast<float>(rotY * kDegrees),
+          static_cast<float>(rotZ * kDegrees)};
 }
 
-/// Turns the particle along its motion as the camera sees it, when it moves across the picture at all.
-void OrientByCamera(const ViewProjection& v, const Vec3& d, ProjectedParticle* out) {
-  const double x = static_cast<double>(d.x), y = static_cast<double>(d.y), z = static_cast<double>(d.z);
-  const double dx = v.m[0] * x + v.m[4] * y + v.m[8] * z;
-  const double dy = v.m[1] * x + v.m[5] * y + v.m[9] * z;
-  if (dx * dx + dy * dy > 0.0001) out->rotZ = static_cast<float>(Atan2(dy, dx) * kDegrees);
+bool SameBits(const Vec3& a, const Vec3& b) {
+  const auto same = [](float u, float w) { return std::bit_cast<uint32_t>(u) == std::bit_cast<uint32_t>(w); };
+  return same(a.x, b.x) && same(a.y, b.y) && same(a.z, b.z);
 }
 
-void OrientSimply(const Vec3& d, ProjectedParticle* out) {
-  if (d.x * d.x + d.y * d.y > 0.0001f) out->rotZ = Atan2Inline(d.y, d.x) * 57.29578f;
-}
-
-void RotateForCamera(const ViewProjection& v, const Vec3& direction, ProjectedParticle* out) {
-  if (v.faceCamera) {
-    out->rotX = out->rotY = 0.0f;
-  } else {
-    ResolveRotation(v, out);
+/// Puts the rotations seen by the camera in place. Particles without variation and spin share one rotation,
+/// which is then worked out once.
+void ResolveRotations(const ViewProjection& v, uint32_t visible, RecordLanes* records) {
+  Vec3 last, resolved;
+  bool known = false;
+  for (int32_t l = 0; l < kLanes; ++l) {
+    if ((visible >> l & 1u) == 0) continue;
+    const Vec3 own = {records->rotX[l], records->rotY[l], records->rotZ[l]};
+    if (!known || !SameBits(own, last)) resolved = ResolveRotation(v, own);
+    last = own;
+    known = true;
+    records->rotX[l] = resolved.x;
+    records->rotY[l] = resolved.y;
+    records->rotZ[l] = resolved.z;
   }
-  if (v.autoOrient) OrientByCamera(v, direction, out);
 }
 
-float BlurRadius(const ViewProjection& v, float depth) {
-  if (!v.depthOfField) return 0.0f;
-  return std::fabs(depth - v.focusDistance) * v.aperture * v.zoom / (v.focusDistance * depth) * 0.5f;
+/// Turns the particles along their motion as the camera sees it, when they move across the picture at all.
+void OrientByCamera(const ViewProjection& v, const VectorLanes& directions, uint32_t visible,
+                    RecordLanes* records) {
+  for (int32_t l = 0; l < kLanes; ++l) {
+    if ((visible >> l & 1u) == 0) continue;
+    const double x = static_cast<double>(directions.x[l]), y = static_cast<double>(directions.y[l]),
+                 z = static_cast<double>(directions.z[l]);
+    const double dx = v.m[0] * x + v.m[4] * y + v.m[8] * z;
+    const double dy = v.m[1] * x + v.m[5] * y + v.m[9] * z;
+    if (dx * dx + dy * dy > 0.0001) records->rotZ[l] = static_cast<float>(Atan2(dy, dx) * kDegrees);
+  }
 }
 
-bool IsVisible(const ProjectedParticle& p) {
-  return p.size > 0.1f && p.alpha > 0.001f && IsFinite(p.size) && IsFinite(p.depth) && IsFinite(p.sx) &&
-         IsFinite(p.sy);
+void RotateForCamera(const ViewProjection& v, const VectorLanes& directions, uint32_t visible,
+                     RecordLanes* records) {
+  if (v.faceCamera) {
+    std::fill(records->rotX, records->rotX + kLanes, 0.0f);
+    std::fill(records->rotY, records->rotY + kLanes, 0.0f);
+  } else {
+    ResolveRotations(v, visible, records);
+  }
+  if (v.autoOrient) OrientByCamera(v, directions, visible, records);
 }
 
 }  // namespace
@@ -118,44 +129,14 @@ ScreenPoint ProjectPoint(const ViewProjection& view, const Vec3& point, double n
   return ProjectByCamera(view, point, std::max(CameraDepth(view, point), nearest));
 }
 
-bool ProjectParticle(const ViewProjection& view, const VectorLanes& positions, const VectorLanes& directions,
-                     const AppearanceLanes& a, int32_t l, ProjectedParticle* out) {
-  const Vec3 position = {positions.x[l], positions.y[l], positions.z[l]};
-  ScreenPoint screen;
-  if (view.hasCamera) {
-    const double depth = CameraDepth(view, position);
-    if (depth < kNearestDepth) return false;
-    screen = ProjectByCamera(view, position, depth);
-  } else {
-    screen = ProjectSimply(view, position);
-  }
-
-  ProjectedParticle p = {};
-  p.sx = screen.x;
-  p.sy = screen.y;
-  p.depth = screen.depth;
-  p.size = a.size[l] * screen.scale;
-  p.lineWidth = a.lineWidth[l] * screen.scale;
-  p.r = a.r[l];
-  p.g = a.g[l];
-  p.b = a.b[l];
-  p.alpha = a.opacity[l];
-  if (!IsVisible(p)) return false;
-
-  p.rotX = a.rotX[l];
-  p.rotY = a.rotY[l];
-  p.rotZ = a.rotZ[l];
-  const Vec3 direction = {directions.x[l], directions.y[l], directions.z[l]};
-  if (view.hasCamera) {
-    RotateForCamera(view, direction, &p);
-    p.cocRadius = BlurRadius(view, p.depth);
-  } else if (view.autoOrient) {
-    OrientSimply(direction, &p);
-  }
-  p.random = a.random[l];
-  p.spriteFrame = -1;
-  *out = p;
-  return true;
+int32_t ProjectParticles(const ViewProjection& view, const VectorLanes& positions,
+                         const VectorLanes& directions, const AppearanceLanes& appearance,
+                         const int32_t* indices, int32_t count, ProjectedParticle* out) {
+  const ParticleStages& stages = CurrentStages();
+  RecordLanes records;
+  const uint32_t visible = stages.project(view, positions, directions, appearance, &records);
+  if (view.hasCamera) RotateForCamera(view, directions, visible, &records);
+  return stages.storeRecords(records, indices, visible, count, out);
 }
 
 }  // namespace vantle

@@ -44,8 +44,19 @@ inline constexpr double kNearestDepth = 0.1;
 /// Projects a point. With a camera, depths under `nearest` are taken as `nearest`.
 ScreenPoint ProjectPoint(const ViewProjection& view, const Vec3& point, double nearest = kNearestDepth);
 
-/// Projects lane l. False when it is not to be drawn: too near, too small, too transparent, or not finite.
-bool ProjectParticle(const ViewProjection& view, const VectorLanes& positions, const VectorLanes& directions,
-                     const AppearanceLanes& appearance, int32_t l, ProjectedParticle* out);
+/// Projected particles before they are gathered into records; the fields are those of ProjectedParticle.
+struct alignas(64) RecordLanes {
+  float sx[kLanes], sy[kLanes], size[kLanes], lineWidth[kLanes];
+  float r[kLanes], g[kLanes], b[kLanes], alpha[kLanes];
+  float rotX[kLanes], rotY[kLanes], rotZ[kLanes], cocRadius[kLanes];
+  float depth[kLanes], random[kLanes];
+};
+
+/// Projects lanes 0..count-1 and writes those to be drawn to `out`, which has room for all, one behind the
+/// other and with their index in `curvePoints`; returns how many they are. Not drawn is what is too near,
+/// too small, too transparent, or not finite.
+int32_t ProjectParticles(const ViewProjection& view, const VectorLanes& positions,
+                         const VectorLanes& directions, const AppearanceLanes& appearance,
+                         const int32_t* indices, int32_t count, ProjectedParticle* out);
 
 }  // namespace vantle

@@ -18,26 +18,35 @@ namespace {
 constexpr int32_t kChunk = 1024;
 static_assert(kChunk % kLanes == 0);
 
+/// The indices of a batch from `at` on; one that is not full repeats its last particle.
+void SetIndices(int32_t at, int32_t end, int32_t* indices) {
+  for (int32_t l = 0; l < kLanes; ++l) indices[l] = std::min(at + l, end - 1);
+}
+
 /// Writes the visible ones among particles begin..end-1 to `out`, with their indices in `curvePoints`, and
-/// returns how many they are. A batch that is not full repeats its last particle.
+/// returns how many they are.
 int32_t SimulateChunk(const FrameConstants& frame, const ViewProjection& view, int32_t begin, int32_t end,
                       ProjectedParticle* out) {
   int32_t kept = 0;
-  for (int32_t at = begin; at < end; at += kLanes) {
-    int32_t indices[kLanes];
-    for (int32_t l = 0; l < kLanes; ++l) indices[l] = std::min(at + l, end - 1);
+  int32_t indices[2][kLanes];
+  PendingParticles pending[2];
+  SetIndices(begin, end, indices[0]);
+  BeginStart(frame, indices[0], &pending[0]);
+  int32_t now = 0;
+  for (int32_t at = begin; at < end; at += kLanes, now = 1 - now) {
+    if (at + kLanes < end) {
+      SetIndices(at + kLanes, end, indices[1 - now]);
+      BeginStart(frame, indices[1 - now], &pending[1 - now]);
+    }
     ParticleLanes lanes;
     VectorLanes positions, directions = {};
     AppearanceLanes appearance;
-    StartParticles(frame, indices, &lanes);
+    FinishStart(frame, &pending[now], &lanes);
     PositionsAt(frame, lanes.path, lanes.progress, &positions);
     if (frame.needsDirection) Directions(frame, lanes, positions, &directions);
     EvaluateAppearance(frame, lanes, &appearance);
-    const int32_t count = std::min(kLanes, end - at);
-    for (int32_t l = 0; l < count; ++l) {
-      if (!ProjectParticle(view, positions, directions, appearance, l, &out[kept])) continue;
-      out[kept++].curvePoints = static_cast<uint32_t>(indices[l]);
-    }
+    kept += ProjectParticles(view, positions, directions, appearance, indices[now],
+                             std::min(kLanes, end - at), out + kept);
   }
   return kept;
 }

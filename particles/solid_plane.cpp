@@ -20,10 +20,6 @@ struct Quad {
   Corner corners[4];
 };
 
-float UsableFactor(float downsample) {
-  return downsample > 0.001f ? downsample : 1.0f;
-}
-
 Corner ProjectCorner(const ViewProjection& view, const PlaneTransform& plane, float x, float y, float fx,
                      float fy) {
   const Vec3 world = MapToPlane(plane, x / fx, y / fy, 0.0f);
@@ -37,8 +33,8 @@ Quad ProjectCorners(const FrameSettings& settings, const CameraData& camera, con
   const float cy = static_cast<float>(settings.fullHeight) * 0.5f;
   const PlaneTransform plane = MakePlaneTransform(controls, cx, cy);
   const ViewProjection view = MakeViewProjection(settings, camera);
-  const float fx = UsableFactor(settings.downsampleX);
-  const float fy = UsableFactor(settings.downsampleY);
+  const float fx = UsableDownsample(settings.downsampleX);
+  const float fy = UsableDownsample(settings.downsampleY);
   const float w = static_cast<float>(width);
   const float h = static_cast<float>(height);
   const float left = (static_cast<float>(settings.outputWidth) - w) / 2.0f;

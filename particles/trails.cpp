@@ -43,8 +43,8 @@ void WalkTo(Trail& trail, const Vec3& point) {
   trail.remaining = 0.0f;
 }
 
-/// One particle's path in every lane, so that the steps along it fill a batch.
-void Spread(const PathLanes& path, int32_t l, PathLanes* out) {
+/// One particle's path in every lane, so that the steps along it fill a batch. What nothing bends is not set.
+void Spread(const FrameConstants& frame, const PathLanes& path, int32_t l, PathLanes* out) {
   const auto spread = [l](const float* from, float* to) { std::fill(to, to + kLanes, from[l]); };
   const auto spreadVector = [&](const VectorLanes& from, VectorLanes& to) {
     spread(from.x, to.x);
@@ -55,9 +55,11 @@ void Spread(const PathLanes& path, int32_t l, PathLanes* out) {
   spreadVector(path.end, out->end);
   spread(path.bentEndX, out->bentEndX);
   spread(path.bentEndY, out->bentEndY);
-  spreadVector(path.scatter, out->scatter);
-  spread(path.scatterStrength, out->scatterStrength);
-  spreadVector(path.turbulence, out->turbulence);
+  if (frame.settings->scatter > 0.0f) {
+    spreadVector(path.scatter, out->scatter);
+    spread(path.scatterStrength, out->scatterStrength);
+  }
+  if (frame.hasTurbulence) spreadVector(path.turbulence, out->turbulence);
 }
 
 /// Walks back along the path, a batch of steps at a time.
@@ -66,7 +68,7 @@ void WalkBack(const FrameConstants& frame, const PathLanes& path, int32_t l, Tra
   const float step = std::max(transform > 0.0001f ? transform / 24.0f : 0.0f, 0.0008f);
   if (!(transform > 0.0001f)) return;
   PathLanes same;
-  Spread(path, l, &same);
+  Spread(frame, path, l, &same);
 
   float reached = transform;
   for (int32_t from = 0; from < kMostSteps; from += kLanes) {

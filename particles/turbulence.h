@@ -17,6 +17,13 @@ enum TurbulenceTypeId : int32_t {
 
 inline constexpr int32_t kOctaves = 4;
 
+/// Of the central differences, in noise coordinates.
+inline constexpr float kTurbulenceStep = 0.01f;
+
+// Factors of a corner's coordinates and of the seed in its hash.
+inline constexpr uint32_t kLatticeHashX = 73856093u, kLatticeHashY = 19349663u, kLatticeHashZ = 53471161u,
+                          kLatticeHashSeed = 83492791u;
+
 /// What all points of one octave share, the third coordinate being one number a frame.
 struct LatticeSlice {
   uint32_t lower;  ///< hash of the seed and of the plane of corners below the third coordinate

@@ -140,12 +140,13 @@ inline Real discCoverage(Real lx, Real ly, float radius, float blurW) {
   return clamp((radius - dist) / blurW + 0.5f, 0.0f, 1.0f);
 }
 
-/// A cone: 1 - |l| / effR up to effR = r + coc, 0 beyond.
+/// A cone: 1 - |l| / effR up to effR = r + coc, where it is 0, and 0 beyond. A cone of no size covers
+/// nothing: its tip is beyond.
 template <class Real>
 inline Real softCircleCoverage(Real lx, Real ly, float r, float cocRadius) {
   const float effR = r + cocRadius;
   const Real dist = sqrt(lx * lx + ly * ly);
-  return select(dist <= effR, 1.0f - dist / effR, 0.0f);
+  return select(dist < effR, 1.0f - dist / effR, 0.0f);
 }
 
 /// Three half-planes of the triangle with circumradius r, t = l / r: ty + 0.5, +-0.866 tx - 0.5 ty + 0.5;
@@ -214,19 +215,38 @@ inline float planeExtentY(const ShapeFrame& f) {
   return f.r * (abs(f.cy * f.sz) + abs(f.cx * f.cz)) + f.cocRadius + 1.0f;
 }
 
-/// `inBounds`: the cheap test ahead of the coverage. Lines: a square box of max(|ex|, |ey|) + w + coc + 2.
-/// Plane shapes: their extents and coc + 1 more, the width that a blurred tip needs.
+/// Half the square box of a line or an arrow: max(|ex|, |ey|) + w + coc + 2, w half the stroke, or half the
+/// width of an arrow's head.
+inline float lineExtent(const ShapeFrame& f, int shape) {
+  const float ex = abs(f.cz * f.r * 0.5f);
+  const float ey = abs(f.sz * f.r * 0.5f);
+  const float w = shape == SHAPE_ARROW ? f.halfLW * 2.5f : f.halfLW;
+  return max(ex, ey) + w + f.cocRadius + 2.0f;
+}
+
+/// Half the box outside of which no pixel is touched. Plane shapes: their extents and coc + 1 more, the width
+/// that a blurred tip needs.
+inline float boundsExtentX(const ShapeFrame& f, int shape) {
+  if (shape == SHAPE_LINE || shape == SHAPE_ARROW) return lineExtent(f, shape);
+  return planeExtentX(f) + f.cocRadius + 1.0f;
+}
+inline float boundsExtentY(const ShapeFrame& f, int shape) {
+  if (shape == SHAPE_LINE || shape == SHAPE_ARROW) return lineExtent(f, shape);
+  return planeExtentY(f) + f.cocRadius + 1.0f;
+}
+
+/// `inBounds`: the cheap test ahead of the coverage.
 inline bool inBounds(float px, float py, const ShapeFrame& f, int shape) {
-  const float dx = abs(px - f.sx);
-  const float dy = abs(py - f.sy);
-  if (shape == SHAPE_LINE || shape == SHAPE_ARROW) {
-    const float ex = abs(f.cz * f.r * 0.5f);
-    const float ey = abs(f.sz * f.r * 0.5f);
-    const float w = shape == SHAPE_ARROW ? f.halfLW * 2.5f : f.halfLW;
-    const float ext = max(ex, ey) + w + f.cocRadius + 2.0f;
-    return dx <= ext && dy <= ext;
-  }
-  return dx <= planeExtentX(f) + f.cocRadius + 1.0f && dy <= planeExtentY(f) + f.cocRadius + 1.0f;
+  return abs(px - f.sx) <= boundsExtentX(f, shape) && abs(py - f.sy) <= boundsExtentY(f, shape);
+}
+
+/// At least the box's half, whatever the rotation, with a pixel to spare for rounding; no sine is needed. A
+/// turned square reaches 1.41422 of its size.
+inline float boundsReach(const Particle& p, int shape) {
+  const float blur = 2.0f * abs(p.cocRadius) + 3.0f;
+  if (shape == SHAPE_LINE || shape == SHAPE_ARROW)
+    return 0.5f * abs(p.size) + 1.25f * abs(p.lineWidth) + blur;
+  return 1.41422f * abs(p.size) + blur;
 }
 
 }  // namespace vantle::kernel

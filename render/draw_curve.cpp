@@ -25,8 +25,8 @@ struct Curve {
   float headLen, headHalfW;
 };
 
-/// The head stands on P0 and points away from P1; its base lies a tenth of its length back on the trail. Where
-/// the two are one point the head has no direction, and is left out.
+/// The head stands on P0 and points away from P1; its base lies a tenth of its length back on the trail.
+/// Where the two are one point the head has no direction, and is left out.
 void PrepareHead(float size, Curve* c) {
   c->headLen = kernel::max(size * 0.15f, c->halfLW * 3.0f);
   c->headHalfW = c->halfLW * 2.5f;

@@ -1,6 +1,10 @@
 // The arithmetic that the shared formulas are written in: names and meanings that a shading language has, or
 // can be given in a line. The formulas take their numbers as `Real`, which is a float here and a group of
 // floats, one a pixel, in the row loops (lanes.h); those bring the same functions for groups.
+//
+// The graphics processor's kernel is made from the very text of the formulas (graphics/kernel_text.cmake), so
+// they are written in what both languages have: records, functions, `const`, `?:`, and references in
+// parameters only.
 #pragma once
 
 #include "base/elementary.h"

@@ -112,7 +112,7 @@ void RenderParticlesAtLevel(InstructionLevel level, const MutableImage& output,
 void RenderParticlesCpu(const MutableImage& output, const ProjectedParticle* particles, size_t count,
                         const CurvePointPool& curvePoints, const FrameSettings& settings,
                         const ImageView* sprites, size_t spriteCount) {
-  RenderParticlesAtLevel(BestInstructionLevel(), output, particles, count, curvePoints, settings, sprites,
+  RenderParticlesAtLevel(CurrentInstructionLevel(), output, particles, count, curvePoints, settings, sprites,
                          spriteCount);
 }
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "base/image_view.h"
+#include "base/instruction_level.h"
 #include "particles/frame_settings.h"
 #include "particles/projected_particle.h"
-#include "render/instruction_level.h"
 
 #include <cstddef>
 

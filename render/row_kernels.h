@@ -4,8 +4,8 @@
 #pragma once
 
 #include "base/image_view.h"
+#include "base/instruction_level.h"
 #include "render/coverage.h"
-#include "render/instruction_level.h"
 
 #include <cstddef>
 #include <cstdint>

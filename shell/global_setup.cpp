@@ -1,6 +1,8 @@
 #include "host_api/aegp_suites.h"
+#include "render/graphics/gpu_renderer.h"
 #include "shell/command_handlers.h"
 #include "shell/identity.h"
+#include "shell/module_pin.h"
 #include "shell/suites.h"
 
 #include <atomic>
@@ -22,6 +24,7 @@ AEGP_PluginID Register(const PF_InData* in_data) {
 }  // namespace
 
 PF_Err SetUpGlobally(const PF_InData* in_data, PF_OutData* out_data) {
+  PinModule();
   if (out_data != nullptr) {
     out_data->my_version = kEffectVersion;
     out_data->out_flags = kOutFlags;
@@ -32,6 +35,7 @@ PF_Err SetUpGlobally(const PF_InData* in_data, PF_OutData* out_data) {
 }
 
 PF_Err SetDownGlobally() {
+  ReleaseGpu();
   generalPluginId = 0;
   return PF_Err_NONE;
 }

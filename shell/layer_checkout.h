@@ -1,6 +1,7 @@
 // Layers borrowed from the host for a while.
 #pragma once
 
+#include "base/floating_environment.h"
 #include "base/image_view.h"
 #include "host_api/call_records.h"
 #include "host_api/commands.h"
@@ -13,7 +14,9 @@
 namespace vantle {
 
 /// Checked-out layers, given back in the order in which they were taken when the scope ends, on every path.
-/// All memory is allocated up front, so nothing can fail between a checkout and its check-in.
+/// All memory is allocated up front, so nothing can fail between a checkout and its check-in. The host may
+/// render something of its own inside either call; the floating-point settings that it leaves behind end
+/// there.
 class LayerCheckouts {
  public:
   /// Room for `capacity` layers. Throws std::bad_alloc.
@@ -34,6 +37,7 @@ class LayerCheckouts {
     if (count_ == capacity_ || in_data_.inter.checkout_param == nullptr) return {};
     PF_ParamDef* def = &held_[At(count_)];
     std::memset(def, 0, sizeof(*def));
+    const ScopedFloatingEnvironment keptSettings;
     if (in_data_.inter.checkout_param(in_data_.effect_ref, index, time, in_data_.time_step,
                                       in_data_.time_scale, def) != PF_Err_NONE) {
       return {};
@@ -55,8 +59,9 @@ class LayerCheckouts {
  private:
   static size_t At(int i) { return static_cast<size_t>(i); }
   void CheckIn(int i) {
-    if (in_data_.inter.checkin_param != nullptr)
-      in_data_.inter.checkin_param(in_data_.effect_ref, &held_[At(i)]);
+    if (in_data_.inter.checkin_param == nullptr) return;
+    const ScopedFloatingEnvironment keptSettings;
+    in_data_.inter.checkin_param(in_data_.effect_ref, &held_[At(i)]);
   }
 
   const PF_InData& in_data_;

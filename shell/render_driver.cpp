@@ -2,6 +2,8 @@
 #include "particles/emission.h"
 #include "particles/simulation.h"
 #include "particles/solid_plane.h"
+#include "render/graphics/draw_particles_gpu.h"
+#include "render/graphics/gpu_renderer.h"
 #include "render/rasteriser.h"
 #include "render/solid_layer.h"
 #include "shell/camera_reader.h"
@@ -30,9 +32,6 @@ ParticleList RunParticles(const PF_InData& in_data, PF_ParamDef* const* params, 
   const ImageView layerA = layers.CheckOut(kParamSourceLayerA, in_data.current_time, depth);
   const ImageView layerB = layers.CheckOut(kParamTargetLayerB, in_data.current_time, depth);
   const ImageView input = InputLayer(in_data, params, depth);
-
-  // A host that renders something of its own inside a checkout may leave its settings behind.
-  const ScopedFloatingEnvironment ours;
   const Emission emission = BuildEmission(layerA, layerB, input, settings);
   return SimulateParticles(emission, settings, camera);
 }
@@ -45,7 +44,6 @@ void DrawSolid(const PF_InData& in_data, const FrameSettings& settings, const Ca
   if (!(weight > kFaintest)) return;
   LayerCheckouts layers(in_data, 1);
   const ImageView layer = layers.CheckOut(layerControl, in_data.current_time, output.depth);
-  const ScopedFloatingEnvironment ours;
   SolidPlacement placement;
   if (!PlaceSolidLayer(settings, camera, plane, layer.width, layer.height, &placement)) return;
   DrawSolidLayer(output, layer, placement, weight);
@@ -87,9 +85,13 @@ PF_Err RenderFrame(const PF_InData* in_data, PF_ParamDef* const* params, const P
   std::optional<SpriteFrames> sprites;
   if (settings.shape == SHAPE_LAYER) sprites.emplace(*in_data, depth).Assign(settings, &list);
 
-  // Draw the particles.
-  RenderParticlesCpu(image, list.particles.data(), list.count, list.curvePoints, settings,
-                     sprites ? sprites->images() : nullptr, sprites ? sprites->count() : 0);
+  // Draw the particles: on the graphics processor where there is one, else, and whenever it fails, here.
+  const bool drawn = IsGpuShape(settings.shape) && IsGpuUsable() &&
+                     DrawParticlesGpu(image, list.particles.data(), list.count, settings);
+  if (!drawn) {
+    RenderParticlesCpu(image, list.particles.data(), list.count, list.curvePoints, settings,
+                       sprites ? sprites->images() : nullptr, sprites ? sprites->count() : 0);
+  }
 
   // Lay the layers themselves over them, near the ends of the transition.
   DrawSolids(*in_data, settings, camera, image);

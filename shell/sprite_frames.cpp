@@ -101,8 +101,9 @@ int64_t WrapInto(int64_t time, int64_t duration) {
   return ((time % duration) + duration) % duration;
 }
 
-int64_t Truncated(double v) {
-  return TruncToInt(v);
+// A share of a number of ticks; single precision, like everything that particles are made of.
+int64_t ShareOf(int64_t ticks, float share) {
+  return TruncToInt(static_cast<float>(ticks) * share);
 }
 
 }  // namespace
@@ -117,7 +118,6 @@ bool SpriteTime(const FrameSettings& settings, const PF_InData& in_data, A_long 
   // single precision would fall a tick short on some frames, and the sprite would stutter.
   const int64_t age = in_data.time_scale != 0 ? in_data.current_time : 0;
   const int64_t d = duration;
-  const double last = static_cast<double>(d - 1);
   int64_t t = in_data.current_time;
   switch (settings.timeType) {
     case kBirthPlayOnce:
@@ -128,18 +128,18 @@ bool SpriteTime(const FrameSettings& settings, const PF_InData& in_data, A_long 
       t = WrapInto(age, d);
       break;
     case kBirthStretch:
-      t = Truncated(last * static_cast<double>(Clamp(settings.timeSeconds, 0.0f, 1.0f)));
+      t = ShareOf(d - 1, Clamp(settings.timeSeconds, 0.0f, 1.0f));
       break;
     case kRandomStill:
-      t = Truncated(last * static_cast<double>(random));
+      t = ShareOf(d - 1, random);
       break;
     case kRandomPlayOnce:
-      t = Truncated(static_cast<double>(d) * static_cast<double>(random)) + age;
+      t = ShareOf(d, random) + age;
       if (t >= d) return false;
       t = std::max<int64_t>(t, 0);
       break;
     case kRandomLoop:
-      t = WrapInto(Truncated(static_cast<double>(d) * static_cast<double>(random)) + age, d);
+      t = WrapInto(ShareOf(d, random) + age, d);
       break;
     default:
       break;

@@ -1,12 +1,15 @@
 # The Debian packages that each task needs, and their installation. Sourced by ./run, not run.
 
 buildPackages=(g++ cmake ninja-build pkg-config libgtest-dev libbenchmark-dev libopenimageio-dev libcairo2-dev
-  nlohmann-json3-dev)
+  nlohmann-json3-dev duktape-dev)
+kernelPackages=(glslang-tools spirv-tools libvulkan-dev mesa-vulkan-drivers)
 filmPackages=(ffmpeg)
 clangPackages=(clang libomp-14-dev)
 lintPackages=(clang-tidy)
 formatPackages=(clang-format)
-windowsPackages=(g++-mingw-w64-x86-64-posix)
+windowsPackages=(g++-mingw-w64-x86-64-posix libstb-dev googletest)
+winePackages=(wine64 xvfb xauth libgl1 libglx-mesa0 libgl1-mesa-dri)
+packagePackages=(nsis zip unzip)
 
 IsInstalled() { [[ $(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]; }
 

@@ -5,8 +5,8 @@
 #include "host/cli/session.h"
 #include "host/io/failure.h"
 #include "host/io/nearest.h"
+#include "host/io/picture_codec.h"
 
-#include <OpenImageIO/imageio.h>
 #include <cstdio>
 #include <exception>
 #include <new>
@@ -61,11 +61,9 @@ void Print(const std::string& text) {
   std::fwrite(text.data(), 1, text.size(), stdout);
 }
 
-// A frame renders on one of our threads; the picture library's own would only be in the way.
 void PrepareLibraries() {
   SurviveFileLimits();
-  OIIO::attribute("threads", 1);
-  OIIO::attribute("exr_threads", 1);
+  io::PreparePictureCodec();
 }
 
 int Dispatch(const std::vector<std::string>& words) {

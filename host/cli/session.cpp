@@ -59,7 +59,7 @@ A_long HostId(const Arguments& arguments) {
 }  // namespace
 
 std::vector<Option> ModuleOptions() {
-  return {{nullptr, "module", "PATH", "Effect", "effect to load (default: vantle.so beside the program)"},
+  return {{nullptr, "module", "PATH", "Effect", "effect to load (default: the one beside the program)"},
           {nullptr, "host-id", "ID", "Effect",
            "host to play: FXTC (After Effects, the default) or PrMr\n(Premiere Pro: no general plug-in "
            "services)"}};

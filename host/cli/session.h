@@ -13,7 +13,7 @@ namespace vantle::cli {
 /// The options that every command with an effect takes.
 std::vector<Option> ModuleOptions();
 
-/// The module named by --module, or vantle.so beside the program.
+/// The module named by --module, or the one beside the program.
 std::string ModulePath(const Arguments& arguments);
 
 /// Loads the module and applies the effect, as the host that --host-id names. What the host found wrong but

@@ -59,11 +59,11 @@ double TextWidth(cairo_t* cairo, const std::string& utf8) {
 }
 
 std::string TruncateText(cairo_t* cairo, const std::u16string& text, double width, bool ellipsis) {
-  const std::string whole = ToUtf8(text);
+  std::string whole = ToUtf8(text);
   if (TextWidth(cairo, whole) <= width) return whole;
   for (std::size_t length = text.size(); length > 0; --length) {
     if (length < text.size() && IsLowHalf(text[length])) continue;
-    const std::string part = ToUtf8(text.substr(0, length - 1)) + (ellipsis ? kEllipsis : "");
+    std::string part = ToUtf8(text.substr(0, length - 1)) + (ellipsis ? kEllipsis : "");
     if (TextWidth(cairo, part) <= width) return part;
   }
   return "";

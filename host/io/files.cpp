@@ -1,14 +1,13 @@
 #include "host/io/files.h"
 
 #include "host/io/failure.h"
+#include "host/io/file_system.h"
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
 #include <system_error>
-#include <unistd.h>
 
 namespace vantle::io {
 namespace {
@@ -26,7 +25,9 @@ std::string Reason(int error) {
 const char* AdviceFor(int error) {
   switch (error) {
     case ENOSPC:
+#ifdef EDQUOT  // not every system knows quotas
     case EDQUOT:
+#endif
     case EFBIG:
       return ": free some space or choose another folder with -o";
     case EACCES:
@@ -45,28 +46,6 @@ const char* AdviceFor(int error) {
   throw Failure(kOutputNotWritable, path + ": cannot be written, " + Reason(error) + AdviceFor(error));
 }
 
-// Returns 0 or the error number.
-int WriteAll(int descriptor, const std::vector<std::byte>& bytes) {
-  size_t done = 0;
-  while (done < bytes.size()) {
-    const ssize_t n = ::write(descriptor, bytes.data() + done, bytes.size() - done);
-    if (n < 0 && errno == EINTR) continue;
-    if (n <= 0) return n < 0 ? errno : EIO;
-    done += static_cast<size_t>(n);
-  }
-  return 0;
-}
-
-// A full disk may only show when the data are flushed, so the flush belongs to the write.
-int WriteNewFile(const std::string& path, const std::vector<std::byte>& bytes) {
-  const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  if (descriptor < 0) return errno;
-  int error = WriteAll(descriptor, bytes);
-  if (error == 0 && ::fsync(descriptor) != 0 && errno != EINVAL) error = errno;
-  if (::close(descriptor) != 0 && error == 0) error = errno;
-  return error;
-}
-
 bool IsSpecialFile(const std::string& path) {
   std::error_code ignored;
   const fs::file_status status = fs::status(path, ignored);
@@ -74,10 +53,7 @@ bool IsSpecialFile(const std::string& path) {
 }
 
 void WriteInPlace(const std::string& path, const std::vector<std::byte>& bytes) {
-  const int descriptor = path == "-" ? ::dup(STDOUT_FILENO) : ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
-  if (descriptor < 0) CannotWrite(path, errno);
-  int error = WriteAll(descriptor, bytes);
-  if (::close(descriptor) != 0 && error == 0) error = errno;
+  const int error = WriteInto(path, bytes);
   if (error != 0) CannotWrite(path == "-" ? "standard output" : path, error);
 }
 
@@ -88,8 +64,8 @@ void RequireReadable(const std::string& path) {
   const fs::file_status status = fs::status(path, error);
   if (status.type() == fs::file_type::not_found) CannotRead(path, "there is no such file: check the path");
   if (fs::is_directory(status)) CannotRead(path, "is a folder, not a file: name a file in it");
-  if (::access(path.c_str(), R_OK) != 0)
-    CannotRead(path, "cannot be opened, " + Reason(errno) + ": check its permissions");
+  const int refusal = MayRead(path);
+  if (refusal != 0) CannotRead(path, "cannot be opened, " + Reason(refusal) + ": check its permissions");
 }
 
 std::vector<std::byte> ReadWholeFile(const std::string& path) {
@@ -114,12 +90,12 @@ void WriteFileAtomically(const std::string& path, const std::vector<std::byte>& 
   if (path == "-" || IsSpecialFile(path)) return WriteInPlace(path, bytes);
   const fs::path target(path);
   const std::string temporary = (target.parent_path() / (std::string(".") + target.filename().string() + "." +
-                                                         std::to_string(::getpid()) + ".part"))
+                                                         std::to_string(ProcessNumber()) + ".part"))
                                     .string();
   int error = WriteNewFile(temporary, bytes);
-  if (error == 0 && std::rename(temporary.c_str(), path.c_str()) != 0) error = errno;
+  if (error == 0) error = ReplaceFile(temporary, path);
   if (error == 0) return;
-  ::unlink(temporary.c_str());
+  RemoveFile(temporary);
   CannotWrite(path, error);
 }
 
@@ -129,7 +105,8 @@ void CreateFoldersFor(const std::string& path) {
   std::error_code error;
   fs::create_directories(folder, error);
   if (error) CannotWrite(folder.string(), error.value());
-  if (::access(folder.c_str(), W_OK) != 0) CannotWrite(folder.string(), errno);
+  const int refusal = MayWrite(folder.string());
+  if (refusal != 0) CannotWrite(folder.string(), refusal);
 }
 
 std::string ResolveBeside(const std::string& file, const std::string& path) {

@@ -2,41 +2,12 @@
 #include "host/io/failure.h"
 #include "host/io/image_file.h"
 #include "host/io/npy.h"
+#include "host/io/picture_codec.h"
 
-#include <OpenImageIO/filesystem.h>
-#include <OpenImageIO/imageio.h>
 #include <cstring>
-#include <memory>
 
 namespace vantle::io {
 namespace {
-
-using OIIO::ImageOutput;
-using OIIO::ImageSpec;
-using OIIO::TypeDesc;
-
-// Encodes into memory, so that writing to the disk, and its failures, stay in one place.
-std::vector<std::byte> Encode(const char* format, ImageSpec spec, const void* pixels) {
-  std::vector<unsigned char> bytes;
-  OIIO::Filesystem::IOVecOutput memory(bytes);
-  OIIO::Filesystem::IOProxy* proxy = &memory;
-  spec.attribute("oiio:ioproxy", TypeDesc::PTR, &proxy);
-  const std::string name = std::string("frame.") + format;
-  std::unique_ptr<ImageOutput> output = ImageOutput::create(name, &memory);
-  if (!output || !output->open(name, spec) || !output->write_image(spec.format, pixels) || !output->close())
-    throw Failure(kOutputNotWritable, std::string("a frame cannot be encoded as ") + format + ": " +
-                                          (output ? output->geterror() : OIIO::geterror()));
-  std::vector<std::byte> file(bytes.size());
-  std::memcpy(file.data(), bytes.data(), bytes.size());
-  return file;
-}
-
-ImageSpec SpecFor(const ImageView& image, TypeDesc::BASETYPE type) {
-  ImageSpec spec(image.width, image.height, 4, type);
-  spec.channelnames = {"R", "G", "B", "A"};
-  spec.alpha_channel = 3;
-  return spec;
-}
 
 template <class Channel>
 void LoadChannels(const std::byte* at, Channel* argb) {
@@ -65,10 +36,7 @@ std::vector<std::byte> EncodePng8(const ImageView& image) {
   ForEachPixel(image, [&](size_t i, const std::byte* at) {
     for (size_t c = 0; c < 4; ++c) rgba[i * 4 + c] = std::to_integer<uint8_t>(at[kFileOrder[c]]);
   });
-  ImageSpec spec = SpecFor(image, TypeDesc::UINT8);
-  spec.attribute("oiio:UnassociatedAlpha", 1);
-  spec.attribute("png:compressionLevel", 3);
-  return Encode("png", spec, rgba.data());
+  return EncodeStored(OutputFormat::kPng, StoredType::k8, image.width, image.height, rgba.data());
 }
 
 uint16_t FileCode16(const std::byte* at, PixelDepth depth, size_t channel) {
@@ -87,10 +55,7 @@ std::vector<std::byte> EncodePng16(const ImageView& image) {
   ForEachPixel(image, [&](size_t i, const std::byte* at) {
     for (size_t c = 0; c < 4; ++c) rgba[i * 4 + c] = FileCode16(at, image.depth, kFileOrder[c]);
   });
-  ImageSpec spec = SpecFor(image, TypeDesc::UINT16);
-  spec.attribute("oiio:UnassociatedAlpha", 1);
-  spec.attribute("png:compressionLevel", 3);
-  return Encode("png", spec, rgba.data());
+  return EncodeStored(OutputFormat::kPng, StoredType::k16, image.width, image.height, rgba.data());
 }
 
 void LoadAsFloat(const std::byte* at, PixelDepth depth, float* argb) {
@@ -110,18 +75,18 @@ std::vector<std::byte> EncodeExr(const ImageView& image) {
     for (size_t c = 0; c < 3; ++c) rgba[i * 4 + c] = argb[c + 1] * argb[0];
     rgba[i * 4 + 3] = argb[0];
   });
-  ImageSpec spec = SpecFor(image, TypeDesc::FLOAT);
-  spec.attribute("compression", "zip");
-  return Encode("exr", spec, rgba.data());
+  return EncodeStored(OutputFormat::kExr, StoredType::kFloat, image.width, image.height, rgba.data());
 }
 
 }  // namespace
 
 OutputFormat FormatForName(const std::string& path) {
   if (path.ends_with(".png")) return OutputFormat::kPng;
-  if (path.ends_with(".exr")) return OutputFormat::kExr;
+  if (path.ends_with(".exr") && CanEncode(OutputFormat::kExr)) return OutputFormat::kExr;
   if (path.ends_with(".npy")) return OutputFormat::kNpy;
-  throw Failure(kUsage, path + ": the name must end in .png, .exr or .npy");
+  throw Failure(kUsage, path + (CanEncode(OutputFormat::kExr)
+                                    ? ": the name must end in .png, .exr or .npy"
+                                    : ": the name must end in .png or .npy; this build writes no .exr"));
 }
 
 std::vector<std::byte> EncodePicture(const ImageView& image, OutputFormat format) {

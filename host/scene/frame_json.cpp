@@ -81,7 +81,8 @@ void ReadCustomLayer(const Node& node, FrameRequest* request, host::LayerTable* 
   table->layers[kCustomLayerParam] = nullptr;
   if (!io::IsPresent(node) || io::IsNull(node)) return;
   io::RequireObject(node, {"frames", "duration"});
-  const auto duration = static_cast<A_long>(io::ReadInteger(io::RequiredMember(node, "duration"), 0, kInt32Max));
+  const auto duration =
+      static_cast<A_long>(io::ReadInteger(io::RequiredMember(node, "duration"), 0, kInt32Max));
   request->sourceDurations[kCustomLayerParam] = {duration, request->time.scale};
   std::vector<host::TimedWorld>& frames = table->frames[kCustomLayerParam];
   for (const Node& frame : io::Elements(io::RequiredMember(node, "frames"), "a list of frames")) {

@@ -64,7 +64,8 @@ int32_t FindParent(const Scene& scene, const composition::Composition& compositi
   const Placement& placement = scene.layers[child].placement;
   std::vector<std::string> names;
   for (size_t i = 0; i < composition.layers.size(); ++i) {
-    if (i != child && composition.layers[i].name == placement.parent) return composition.layers[i].id;
+    if (i == child) continue;
+    if (composition.layers[i].name == placement.parent) return composition.layers[i].id;
     names.push_back(composition.layers[i].name);
   }
   const std::vector<std::string> near = io::NearestNames(placement.parent, names, 1);

@@ -32,8 +32,9 @@ struct Subject {
 
 bool Project(const FrameSettings& s, const CameraData& camera, const Subject& subject,
              ProjectedParticle* out) {
-  return ProjectParticle(MakeViewProjection(s, camera), subject.position, subject.direction, subject.looks, 0,
-                         out);
+  const int32_t index = 0;
+  return ProjectParticles(MakeViewProjection(s, camera), subject.position, subject.direction, subject.looks,
+                          &index, 1, out) == 1;
 }
 
 TEST(SimpleView, IsOrthographicBelowHalfADegree) {

@@ -139,6 +139,7 @@ std::string FirstDifference(const std::vector<Particle>& expected, const Particl
 }
 
 std::string Compare(uint64_t seed, Nature nature, Stage stage, InstructionLevel level) {
+  SetInstructionLevel(level);
   const Scene scene = RandomScene(seed, nature);
   const std::string name =
       std::string(nature == Nature::kTame ? "tame" : "hostile") + "_seed_" + std::to_string(seed);

@@ -1,8 +1,8 @@
 // Difference 0 between the product and the reference, or a report that leads to the culprit.
 #pragma once
 
+#include "base/instruction_level.h"
 #include "particles/simulation.h"
-#include "render/instruction_level.h"
 #include "tests/reference/random_scene.h"
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 // The product's road of a frame, from the same input as the reference's.
 #pragma once
 
+#include "base/instruction_level.h"
 #include "particles/simulation.h"
-#include "render/instruction_level.h"
 #include "tests/reference/picture.h"
 #include "tests/reference/reference_renderer.h"
 

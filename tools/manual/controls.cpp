@@ -23,14 +23,20 @@ std::string Choice(const char* choices, int index) {
 
 std::string Default(const ParameterInfo& info) {
   switch (info.type) {
-    case ParamType::kLayer: return info.defaultValue > 0 ? "the effect's own layer" : "none";
-    case ParamType::kFloatSlider: return Number(info.defaultValue, info);
-    case ParamType::kAngle: return "0°";
-    case ParamType::kCheckBox: return info.defaultValue > 0 ? "on" : "off";
-    case ParamType::kPopup: return Choice(info.text, static_cast<int>(info.defaultValue));
+    case ParamType::kLayer:
+      return info.defaultValue > 0 ? "the effect's own layer" : "none";
+    case ParamType::kFloatSlider:
+      return Number(info.defaultValue, info);
+    case ParamType::kAngle:
+      return "0°";
+    case ParamType::kCheckBox:
+      return info.defaultValue > 0 ? "on" : "off";
+    case ParamType::kPopup:
+      return Choice(info.text, static_cast<int>(info.defaultValue));
     case ParamType::kCustomValue:
       return info.customTag == vantle::kGradientTag ? "yellow, cyan, pink" : "flat, 100 %";
-    default: return "";
+    default:
+      return "";
   }
 }
 
@@ -42,20 +48,26 @@ std::string Commas(const char* choices) {
 
 std::string Values(const ParameterInfo& info) {
   switch (info.type) {
-    case ParamType::kLayer: return "a layer";
+    case ParamType::kLayer:
+      return "a layer";
     case ParamType::kFloatSlider: {
       std::string text = Number(info.valid.min, info) + " to " + Number(info.valid.max, info);
       if (info.slider.min != info.valid.min || info.slider.max != info.valid.max)
         text += " (slider: " + Number(info.slider.min, info) + " to " + Number(info.slider.max, info) + ")";
       return text;
     }
-    case ParamType::kAngle: return "any angle";
-    case ParamType::kCheckBox: return "on, off";
-    case ParamType::kPopup: return Commas(info.text);
+    case ParamType::kAngle:
+      return "any angle";
+    case ParamType::kCheckBox:
+      return "on, off";
+    case ParamType::kPopup:
+      return Commas(info.text);
     case ParamType::kCustomValue:
       return info.customTag == vantle::kGradientTag ? "up to 8 colours" : "up to 16 points";
-    case ParamType::kButton: return std::string("button \"") + info.text + "\"";
-    default: return "";
+    case ParamType::kButton:
+      return std::string("button \"") + info.text + "\"";
+    default:
+      return "";
   }
 }
 
@@ -69,8 +81,7 @@ int main() {
                   info.name, info.help);
       continue;
     }
-    std::printf("| %s | %s | %s | %s |\n", info.name, Default(info).c_str(), Values(info).c_str(),
-                info.help);
+    std::printf("| %s | %s | %s | %s |\n", info.name, Default(info).c_str(), Values(info).c_str(), info.help);
   }
   return 0;
 }

@@ -1,4 +1,7 @@
-#include "render/instruction_level.h"
+#include "base/instruction_level.h"
+
+#include <algorithm>
+#include <atomic>
 
 #if defined(_MSC_VER) && !defined(__clang__)
 #include <immintrin.h>
@@ -42,6 +45,23 @@ InstructionLevel DetectLevel() {
 InstructionLevel BestInstructionLevel() {
   static const InstructionLevel level = DetectLevel();
   return level;
+}
+
+namespace {
+
+std::atomic<InstructionLevel>& Level() {
+  static std::atomic<InstructionLevel> level = BestInstructionLevel();
+  return level;
+}
+
+}  // namespace
+
+InstructionLevel CurrentInstructionLevel() {
+  return Level().load(std::memory_order_relaxed);
+}
+
+void SetInstructionLevel(InstructionLevel level) {
+  Level().store(std::min(level, BestInstructionLevel()), std::memory_order_relaxed);
 }
 
 }  // namespace vantle
