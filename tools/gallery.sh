@@ -17,7 +17,7 @@ Palette() {
 
 RenderGallery() {
   local example
-  for example in demo planes flow sky; do
+  for example in demo planes flow sky camera ends; do
     build/release/bin/vantle render "examples/$example/scene.json" -o "out/$example/f.%04d.png" --resume --quiet
   done
 }
@@ -34,6 +34,8 @@ DrawGallery() {
   Flat out/planes/f.0017.png 1280x720 640:360 out/small.png && Palette out/small.png docs/images/planes.png
   Flat out/flow/f.0030.png 1280x720 640:360 out/small.png && Palette out/small.png docs/images/flow.png
   Flat out/sky/f.0016.png 960x540 640:360 out/small.png && Palette out/small.png docs/images/sky.png
+  Flat out/camera/f.0020.png 1280x720 640:360 out/small.png && Palette out/small.png docs/images/camera.png
+  Flat out/ends/f.0024.png 1280x720 640:360 out/small.png && Palette out/small.png docs/images/ends.png
   Flat out/demo/f.0029.png 1920x1080 640:360 out/small.png && Palette out/small.png docs/images/veils.png
 }
 

@@ -1,5 +1,6 @@
 #include "host/cli/parameter_report.h"
 
+#include "host/engine/custom_values.h"
 #include "host/scene/parameter_lookup.h"
 #include "host_api/commands.h"
 #include "particles/custom_values.h"
@@ -208,6 +209,7 @@ std::string RangeText(const Json& range) {
 
 std::string DefaultText(const Json& entry) {
   if (!entry.contains("default")) return "";
+  if (entry.contains("text")) return entry["text"].get<std::string>();
   const Json& value = entry["default"];
   if (value.is_boolean()) return value.get<bool>() ? "on" : "off";
   if (entry.contains("choices")) {
@@ -256,6 +258,17 @@ std::string InLines(const std::string& text, const std::string& lineBreak) {
   return lines;
 }
 
+// What the effect prints of its custom values' defaults, as hosts show it beside the parameter.
+void AddValueTexts(host::EffectInstance& effect, Json* entries) {
+  for (Json& entry : *entries) {
+    const int index = entry["index"].get<int>();
+    const DeclaredParam& param = effect.params[static_cast<size_t>(index)];
+    if (param.def.param_type != PF_Param_ARBITRARY_DATA || param.defaultBytes.empty()) continue;
+    const host::CustomText printed = host::PrintCustomValue(effect, index, param.defaultBytes);
+    if (printed.error == PF_Err_NONE) entry["text"] = printed.text;
+  }
+}
+
 std::string FlagsText(const Json& names) {
   std::string text;
   for (const Json& name : names) text += (text.empty() ? "" : ", ") + name.get<std::string>();
@@ -264,7 +277,7 @@ std::string FlagsText(const Json& names) {
 
 }  // namespace
 
-Json EffectReport(const host::EffectInstance& effect, const std::string& about) {
+Json EffectReport(host::EffectInstance& effect, const std::string& about) {
   const host::Registration& r = effect.registration;
   Json report;
   report["module"] = effect.module.path;
@@ -287,10 +300,11 @@ Json EffectReport(const host::EffectInstance& effect, const std::string& about) 
   const std::vector<std::string> groups = scene::GroupNames(effect.params);
   for (size_t i = 1; i < effect.params.size(); ++i)
     report["parameters"].push_back(ParameterEntry(effect.params, groups, i));
+  AddValueTexts(effect, &report["parameters"]);
   return report;
 }
 
-std::string EffectTable(const host::EffectInstance& effect, const std::string& about) {
+std::string EffectTable(host::EffectInstance& effect, const std::string& about) {
   const Json report = EffectReport(effect, about);
   const Json& r = report["registration"];
   char head[1024];

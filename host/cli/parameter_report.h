@@ -8,10 +8,11 @@
 
 namespace vantle::cli {
 
-/// Registration, version, flags, about text and the parameter table.
-io::Json EffectReport(const host::EffectInstance& effect, const std::string& about);
+/// Registration, version, flags, about text and the parameter table, with the texts that the effect itself
+/// prints of its custom values.
+io::Json EffectReport(host::EffectInstance& effect, const std::string& about);
 
 /// The same as text in columns.
-std::string EffectTable(const host::EffectInstance& effect, const std::string& about);
+std::string EffectTable(host::EffectInstance& effect, const std::string& about);
 
 }  // namespace vantle::cli

@@ -87,6 +87,15 @@ TEST(Info, TellsWhatEveryKindDeclares) {
   EXPECT_EQ(at(87)["type"], "group end");
 }
 
+// The effect prints its custom values itself, as hosts have it do.
+TEST(Info, CustomValuesReadAsTheEffectPrintsThem) {
+  const json parameters = Info()["parameters"];
+  EXPECT_EQ(parameters[28 - 1]["text"], "100,100");
+  EXPECT_EQ(parameters[36 - 1]["text"], "0%,50%,100%");
+  EXPECT_EQ(parameters[40 - 1]["text"], "100,100");
+  EXPECT_FALSE(parameters[4 - 1].contains("text"));
+}
+
 TEST(Info, TheTableForPeopleNamesEveryParameter) {
   const Scratch scratch;
   const std::string table = RunProgram(scratch, {"info"}).output;
