@@ -112,15 +112,28 @@ void Invert(const double (&m)[9], double (&out)[9]) {
   out[8] = m[0] * m[4] - m[1] * m[3];
 }
 
-// Cuts the quadrilateral's box to the output. False when nothing is left.
-bool SetBox(const Quad& quad, const FrameSettings& settings, SolidPlacement* placement) {
-  const Corner* c = quad.corners;
-  const auto [left, right] = std::minmax({c[0].x, c[1].x, c[2].x, c[3].x});
-  const auto [top, bottom] = std::minmax({c[0].y, c[1].y, c[2].y, c[3].y});
-  placement->x0 = std::max(0, TruncToInt(std::floor(left)));
-  placement->x1 = std::min(settings.outputWidth - 1, TruncToInt(std::ceil(right)));
-  placement->y0 = std::max(0, TruncToInt(std::floor(top)));
-  placement->y1 = std::min(settings.outputHeight - 1, TruncToInt(std::ceil(bottom)));
+// Whether the map keeps the whole square on one side of its horizon. Corners that were behind the camera can
+// bend the quadrilateral inwards; the square's picture then goes through infinity and lies outside of it.
+bool IsConvex(const double (&toQuad)[9]) {
+  const double right = toQuad[6] + 1.0;
+  const double below = toQuad[7] + 1.0;
+  return right > 0.0 && below > 0.0 && toQuad[6] + toQuad[7] + 1.0 > 0.0;
+}
+
+// The output, cut to the box of a convex quadrilateral. False when nothing is left.
+bool SetBox(const Quad& quad, bool convex, const FrameSettings& settings, SolidPlacement* placement) {
+  placement->x0 = placement->y0 = 0;
+  placement->x1 = settings.outputWidth - 1;
+  placement->y1 = settings.outputHeight - 1;
+  if (convex) {
+    const Corner* c = quad.corners;
+    const auto [left, right] = std::minmax({c[0].x, c[1].x, c[2].x, c[3].x});
+    const auto [top, bottom] = std::minmax({c[0].y, c[1].y, c[2].y, c[3].y});
+    placement->x0 = std::max(placement->x0, TruncToInt(std::floor(left)));
+    placement->x1 = std::min(placement->x1, TruncToInt(std::ceil(right)));
+    placement->y0 = std::max(placement->y0, TruncToInt(std::floor(top)));
+    placement->y1 = std::min(placement->y1, TruncToInt(std::ceil(bottom)));
+  }
   return placement->x0 <= placement->x1 && placement->y0 <= placement->y1;
 }
 
@@ -132,10 +145,10 @@ bool PlaceSolidLayer(const FrameSettings& settings, const CameraData& camera, co
   constexpr double kSmallestArea = 0.01;
   const Quad quad = ProjectCorners(settings, camera, plane, width, height);
   if (!IsFinite(quad) || !(Area(quad) >= kSmallestArea)) return false;
-  if (!SetBox(quad, settings, placement)) return false;
 
   double toQuad[9];
   if (!SquareToQuad(quad, toQuad)) return false;
+  if (!SetBox(quad, IsConvex(toQuad), settings, placement)) return false;
   Invert(toQuad, placement->toLayer);
   for (int i = 0; i < 3; ++i) {
     placement->toLayer[i] *= width;

@@ -33,7 +33,7 @@ std::string RingText(const Evaluation& evaluation, size_t first) {
 // Runs one expression while it is known as running.
 Numbers Run(Evaluation& evaluation, Evaluation::Place place, const std::string& title,
             const Expression& expression, const Numbers& own, int dimensions) {
-  if (evaluation.running.size() >= kDeepest) {
+  if (evaluation.running.size() >= kDeepest || evaluation.waiting > kMostWaiting) {
     Report(evaluation, title, 1, "expressions refer to each other too deeply");
     return own;
   }

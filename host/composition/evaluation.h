@@ -31,6 +31,9 @@ struct Budget {
   std::int64_t deadline = 0;
 };
 
+/// No expression is begun while more calls than this wait: each may keep the engine's own stack occupied.
+inline constexpr int kMostWaiting = 200;
+
 /// One moment of a composition. Values are remembered, so that each expression runs once. Belongs to one
 /// thread; the composition must stay as it is meanwhile.
 struct Evaluation {
@@ -48,6 +51,7 @@ struct Evaluation {
   std::vector<Running> running;
   std::map<Place, Numbers> known;
   Budget budget;
+  int waiting = 0;  ///< calls of functions, over all running expressions, that wait for another one's value
 };
 
 /// The value of a layer's stream with its expression applied, if that is switched on. An expression that

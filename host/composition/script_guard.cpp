@@ -38,7 +38,8 @@ bool IsOneOf(std::string_view word, const std::array<std::string_view, kCount>& 
 constexpr std::array<std::string_view, 3> kControls = {"if", "switch", "catch"};
 constexpr std::array<std::string_view, 10> kOperators = {"return", "typeof", "instanceof", "in",    "of",
                                                          "new",    "delete", "void",       "throw", "case"};
-constexpr std::array<std::string_view, 3> kStatements = {"do", "else", "finally"};
+constexpr std::array<std::string_view, 6> kStatements = {"do",    "else",     "finally",
+                                                         "break", "continue", "debugger"};
 
 // Goes through a script token by token and notes what must be put in where.
 struct Scanner {
@@ -124,9 +125,12 @@ void ReadName(Scanner& scanner) {
   const size_t start = scanner.at;
   while (StartsName(scanner.Peek()) || IsDigit(scanner.Peek())) ++scanner.at;
   const std::string_view name = scanner.text.substr(start, scanner.at - start);
+  const bool afterBrace = scanner.before == Before::kBrace;
   if (name == kTickName || name == kKeysName) Refuse(scanner, "\"" + std::string(name) + "\" is taken");
   scanner.before = Before::kOperand;
   if (scanner.afterDot) return;
+  // Without a `try` before it, `catch` is the name of an object's function.
+  if (name == "catch" && !afterBrace) return;
   scanner.word = name;
   if (name == "with") Refuse(scanner, "\"with\" is not offered");
   if (IsOneOf(name, kOperators) || IsOneOf(name, kStatements)) scanner.before = Before::kOther;
@@ -147,15 +151,20 @@ void OpenBracket(Scanner& scanner, std::string_view word) {
   ++scanner.at;
   if (opened.kind == Bracket::kWhile)
     scanner.insertions.push_back({scanner.at, std::string(kTickName) + "(),"});
+
+  // An object may name a function of its own `if`. No list of arguments begins like this.
+  if (word == "if" || word == "switch") scanner.insertions.push_back({scanner.at, "0,"});
   scanner.open.push_back(opened);
   scanner.before = Before::kOther;
 }
 
-// A loop over keys asks once for all of its turns.
+// A loop over keys asks once for all of its turns. What is neither that nor a loop with a test may be a
+// function of that name.
 void CloseFor(Scanner& scanner, const Open& closed) {
-  if (closed.semicolon || closed.in == 0) return;
-  scanner.insertions.push_back({closed.in, " " + std::string(kKeysName) + "("});
-  scanner.insertions.push_back({scanner.at, ")"});
+  if (closed.semicolon) return;
+  if (closed.in == 0) return Refuse(scanner, "a \"for\" has neither a test nor keys to go through");
+  scanner.insertions.push_back({closed.in, " " + std::string(kKeysName) + "(("});
+  scanner.insertions.push_back({scanner.at, "))"});
 }
 
 void CloseBracket(Scanner& scanner) {

@@ -66,8 +66,9 @@ struct StreamAnswer {
   char problem[200] = "";
 };
 
-StreamAnswer AskStream(Evaluation& evaluation, int32_t id, Stream stream) {
+StreamAnswer AskStream(Evaluation& evaluation, int32_t id, Stream stream, int calls) {
   StreamAnswer answer;
+  evaluation.waiting += calls;
   try {
     const Layer* layer = FindLayer(*evaluation.composition, id);
     std::string way;
@@ -83,7 +84,20 @@ StreamAnswer AskStream(Evaluation& evaluation, int32_t id, Stream stream) {
   } catch (const std::exception& failure) {
     std::snprintf(answer.problem, sizeof answer.problem, "%.150s", failure.what());
   }
+  evaluation.waiting -= calls;
   return answer;
+}
+
+// Calls of functions that have not returned yet, as far as anybody asks.
+int CountCalls(duk_context* engine) {
+  int calls = 0;
+  for (bool more = true; more && calls <= kMostWaiting;) {
+    duk_inspect_callstack_entry(engine, -1 - calls);
+    more = duk_is_object(engine, -1) != 0;
+    duk_pop(engine);
+    if (more) ++calls;
+  }
+  return calls;
 }
 
 duk_ret_t GetStream(duk_context* engine) {
@@ -91,7 +105,7 @@ duk_ret_t GetStream(duk_context* engine) {
   duk_get_prop_string(engine, -1, kLayerId);
   const auto id = static_cast<int32_t>(duk_get_int(engine, -1));
   const auto stream = static_cast<Stream>(duk_get_current_magic(engine));
-  const StreamAnswer answer = AskStream(EvaluationOf(engine), id, stream);
+  const StreamAnswer answer = AskStream(EvaluationOf(engine), id, stream, CountCalls(engine));
   if (answer.problem[0] != '\0') duk_error_raw(engine, DUK_ERR_ERROR, nullptr, 0, "%s", answer.problem);
   PushNumbers(engine, answer.numbers, answer.dimensions);
   return 1;

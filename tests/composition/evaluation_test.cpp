@@ -83,6 +83,33 @@ TEST_F(Evaluations, TooDeepChainsEndWithAMessage) {
   EXPECT_NE(lines[0].find("refer to each other too deeply"), std::string::npos);
 }
 
+// Functions that the engine itself calls keep its stack occupied while they wait for another expression.
+TEST_F(Evaluations, WaitingCallsOfAllTogetherHaveALimit) {
+  const auto asks = [](int calls, const std::string& of) {
+    return "var n = 0; var o = {valueOf: function () { return ++n < " + std::to_string(calls) +
+           " ? +o : " + of + " }}; +o";
+  };
+  for (const int calls : {5, 900}) {
+    composition = {};
+    Add("0", 3, "2");
+    int32_t last = 0;
+    for (int i = 1; i < 20; ++i) last = Add(std::to_string(i), 1, asks(calls, Of(std::to_string(i - 1))));
+    EXPECT_EQ(Opacity(last), calls == 5 ? 2 : 1);
+    const std::vector<std::string> lines = DrainReports(reports);
+    if (calls == 5) {
+      EXPECT_TRUE(lines.empty());
+    } else {
+      ASSERT_EQ(lines.size(), 1U);
+      EXPECT_NE(
+          lines[0].find("layer \"18\", \"Opacity\", line 1: expressions refer to each other too deeply"),
+          std::string::npos);
+    }
+  }
+  Add("plain", 4, "");
+  const int32_t deep = Add("deep", 1, asks(900, Of("plain")));
+  EXPECT_EQ(Opacity(deep), 4) << "values without an expression may be asked from any depth";
+}
+
 TEST_F(Evaluations, AllOfAQuestionShareOneBudget) {
   const std::string loop = "for (var i = 0; i < 400000; ++i); ";
   Add("a", 7, loop + "2");

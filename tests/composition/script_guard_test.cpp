@@ -24,10 +24,9 @@ std::string Guarded(const std::string& script) {
 
 TEST(ScriptGuard, LeavesPlainExpressionsAlone) {
   for (const char* script :
-       {"", "1", "thisComp.layer(\"A\").transform.position[0] - thisComp.width/2", "if (a) { b } else { c }",
-        "switch (x) { case 1: 2 }", "a / b / c", "x = {in: 1}", "(a)/2", "a[0]/2", "\"while(1)\"",
-        "'it\\'s for(;;)'", "1 /* while(1) */ // for(;;)", "a.while", "try { a } catch (e) { b }",
-        "a++ + ++b", "i - -1", "0.5.toFixed(1)/2"})
+       {"", "1", "thisComp.layer(\"A\").transform.position[0] - thisComp.width/2", "a / b / c", "x = {in: 1}",
+        "(a)/2", "a[0]/2", "\"while(1)\"", "'it\\'s for(;;)'", "1 /* while(1) */ // for(;;)", "a.while",
+        "try { a } catch (e) { b }", "a++ + ++b", "i - -1", "0.5.toFixed(1)/2"})
     EXPECT_EQ(Guarded(script), script);
 }
 
@@ -38,15 +37,28 @@ TEST(ScriptGuard, LoopsAsk) {
   EXPECT_EQ(Guarded("for(;;);"), "for(;T(););");
   EXPECT_EQ(Guarded("for(i=0;i<3;i++)x"), "for(i=0;T(),i<3;i++)x");
   EXPECT_EQ(Guarded("for(i=f(a,(b)); ;)x"), "for(i=f(a,(b)); T();)x");
-  EXPECT_EQ(Guarded("for(var k in o)x"), "for(var k in K( o))x");
-  EXPECT_EQ(Guarded("for(k in ('a' in b) ? c : d)x"), "for(k in K( ('a' in b) ? c : d))x");
-  EXPECT_EQ(Guarded("for(a in b) for(c in d);"), "for(a in K( b)) for(c in K( d));");
+  EXPECT_EQ(Guarded("for(var k in o)x"), "for(var k in K(( o)))x");
+  EXPECT_EQ(Guarded("for(k in ('a' in b) ? c : d)x"), "for(k in K(( ('a' in b) ? c : d)))x");
+  EXPECT_EQ(Guarded("for(a in b) for(c in d);"), "for(a in K(( b))) for(c in K(( d)));");
 }
 
 TEST(ScriptGuard, FunctionsAsk) {
   EXPECT_EQ(Guarded("function f(a, b) { return a }"), "function f(a, b) {T(); return a }");
   EXPECT_EQ(Guarded("(function(){})()"), "(function(){T();})()");
   EXPECT_EQ(Guarded("({get a() { return 1 }})"), "({get a() {T(); return 1 }})");
+}
+
+TEST(ScriptGuard, FunctionsAskWhateverTheirName) {
+  EXPECT_EQ(Guarded("({f() { return 1 }})"), "({f() {T(); return 1 }})");
+  EXPECT_EQ(Guarded("({in() {}, get catch() {}, catch(a) {}})"),
+            "({in() {T();}, get catch() {T();}, catch(a) {T();}})");
+  EXPECT_EQ(Guarded("a.if() / 2"), "a.if() / 2");
+
+  // Where the name may also begin a statement, what is put in leaves no list of arguments.
+  EXPECT_EQ(Guarded("if (a) { b } else { c }"), "if (0,a) { b } else { c }");
+  EXPECT_EQ(Guarded("switch (x) { case 1: 2 }"), "switch (0,x) { case 1: 2 }");
+  EXPECT_EQ(Guarded("({get while() {}})"), "({get while(T(),) {}})");
+  EXPECT_EQ(Guarded("({get for() {}})"), "line 1: a \"for\" has neither a test nor keys to go through");
 }
 
 TEST(ScriptGuard, LinesStayWhereTheyAre) {
@@ -63,6 +75,8 @@ TEST(ScriptGuard, RefusesWhatCouldHideCode) {
   EXPECT_EQ(Guarded("if (a) /\"/; while(1); //\""), "line 1: " + division);
   EXPECT_EQ(Guarded("{}\n/\"/; while(1); //\""), "line 2: " + division);
   EXPECT_EQ(Guarded("return /\"/"), "line 1: " + division);
+  for (const char* word : {"break", "continue", "debugger"})
+    EXPECT_EQ(Guarded("while (1) { if (a) " + std::string(word) + "\n/'/; }"), "line 2: " + division) << word;
   EXPECT_EQ(Guarded("/a/"), "line 1: " + division);
   EXPECT_EQ(Guarded("a++ /\"/"), "line 1: " + division);
   EXPECT_EQ(Guarded("<!-- \"\nwhile(1); //\""),

@@ -86,6 +86,10 @@ TEST_F(Scripts, TheLastStatementGivesTheValue) {
   EXPECT_EQ(Value("var s = 0; var i = 4; while (i --\n> 0) s += i; s"), 6);
   EXPECT_EQ(Value("var s = 0; for (var k in {a: 1, b: 2}) s += 1; s"), 2);
   EXPECT_EQ(Value("var s = 0; do { s++ } while (s < 5); s"), 5);
+  EXPECT_EQ(Value("var s = 0; for (var k in {a: 1}, {b: 2, c: 3}) s += 1; s"), 2) << "the last of the list";
+  EXPECT_EQ(Value("switch (value) { case 4: 9; break; default: 8 }"), 9);
+  EXPECT_EQ(Value("try { foo } catch (e) { 5 }"), 5);
+  EXPECT_EQ(Value("({if: 3}).if"), 3);
   EXPECT_EQ(Value("Math.max(Math.sqrt(81), Math.PI)"), 9);
   EXPECT_EQ(Value("var l = []; l.push(3); l.push(4); l.pop() * l.length"), 4);
   EXPECT_EQ(Value("parseFloat('2.5') * 2"), 5);
@@ -140,6 +144,23 @@ TEST_F(Scripts, EndlessOnesAreStopped) {
     EXPECT_TRUE(failure.find(stopped) == 0 || failure == "1 RangeError: callstack limit")
         << text << ": " << failure;
   }
+}
+
+// Recursion of two calls a turn, sixty deep: the question must be in the function's body, whatever its name
+// is.
+TEST_F(Scripts, FunctionsOfAnyNameAreStopped) {
+  const auto twice = [](const std::string& head, const std::string& call) {
+    return "var d = 0; var o = {" + head + " { if (d > 60) return 1; d++; " + call + "; " + call +
+           "; d--; return 1 }}; " + call;
+  };
+  EXPECT_EQ(Failure(twice("get f()", "o.f")).find("1 does not end: stopped after "), 0U);
+  EXPECT_EQ(Failure(twice("get catch()", "o.catch")).find("1 does not end: stopped after "), 0U);
+  EXPECT_EQ(Failure(twice("f(a)", "o.f()")).find("1 does not end: stopped after "), 0U);
+  for (const char* name : {"if", "switch", "while"})
+    EXPECT_EQ(
+        Failure(twice("get " + std::string(name) + "()", "o." + std::string(name))).find("1 SyntaxError"), 0U)
+        << name;
+  EXPECT_EQ(Failure(twice("get for()", "o.for")), "1 a \"for\" has neither a test nor keys to go through");
 }
 
 TEST_F(Scripts, MemoryHasALimit) {

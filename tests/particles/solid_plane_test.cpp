@@ -184,6 +184,30 @@ TEST(SolidPlane, CornersBehindTheCameraAreHeldInFrontOfIt) {
   ExpectAt(corner, 90, 0, 0.1);
 }
 
+// A corner behind the camera, held in front of it, bends the quadrilateral inwards: its picture then goes
+// through infinity, and pixels far from all four corners may lie on the layer.
+TEST(SolidPlane, PixelsOutsideOfABentQuadrilateralMayLieOnTheLayer) {
+  const FrameSettings s = Frame(90, 60);
+  PlaneSettings plane = AtRest();
+  plane.rotation[0] = 60;
+  plane.rotation[1] = -60;
+  plane.position[0] = -40;
+  plane.position[1] = 40;
+  SolidPlacement p;
+  ASSERT_TRUE(PlaceSolidLayer(s, StandardCamera(s, 20), plane, 90, 60, &p));
+  int outside = 0;
+  for (int y = 0; y < 60; ++y) {
+    for (int x = 0; x < 90; ++x) {
+      const Place texel = ToTexel(p, x, y);
+      const bool onLayer = texel.x >= 0 && texel.x < 90 && texel.y >= 0 && texel.y < 60;
+      if (!onLayer) continue;
+      EXPECT_TRUE(x >= p.x0 && x <= p.x1 && y >= p.y0 && y <= p.y1) << x << ", " << y;
+      outside += x > 47 ? 1 : 0;
+    }
+  }
+  EXPECT_GT(outside, 100) << "to the right of all corners, the rightmost of which is at 47";
+}
+
 TEST(SolidPlane, SeenFromItsEdgeIsNotDrawn) {
   for (const float viewAngle : {0.0f, 40.0f}) {
     for (const int axis : {0, 1}) {
