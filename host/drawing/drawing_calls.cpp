@@ -95,6 +95,7 @@ DrawingObject& MakeObject(const DrawingCall& call, DrawingKind kind, const std::
   Record(call, object->name + " = new " + KindName(kind) + (details.empty() ? std::string() : " " + details));
   DrawingObject* made = object.get();
   session.objects.emplace(made, std::move(object));
+  session.current.push_back(made);
   return *made;
 }
 

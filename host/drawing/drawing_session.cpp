@@ -36,7 +36,13 @@ void BeginEvent(DrawingSession& session, bool drawing, const DRAWBOT_Rect32& cli
 
 void EndEvent(DrawingSession& session) {
   session.drawing = false;
-  for (auto& [address, object] : session.objects) object->references = 0;
+  for (DrawingObject* object : session.current) {
+    object->references = 0;
+    // Only its address and its kind are still of use.
+    object->path = {};
+    object->image.reset();
+  }
+  session.current.clear();
 }
 
 DrawingScope::DrawingScope(DrawingSession& session) : outer_(currentSession) {

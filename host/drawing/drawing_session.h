@@ -59,6 +59,7 @@ struct DrawingSession {
 
   // Books.
   std::unordered_map<const void*, std::unique_ptr<DrawingObject>> objects;
+  std::vector<DrawingObject*> current;  ///< made in the running event
   std::map<DrawingKind, int> made;
   std::vector<SurfaceState> states;
   PF_Context context{};

@@ -119,7 +119,8 @@ void AddPanelSuites(std::vector<SuiteEntry>& suites) {
   static const PF_EffectCustomUISuite2 customUi2 = MakeCustomUiSuite();
   static constexpr PF_EffectCustomUISuite1 kCustomUi1{GetDrawingReference};
   static const PFAppSuite6 app = MakeAppSuite();
-  suites.push_back({kPF_EffectCustomUISuite2Name, kPF_EffectCustomUISuite2Version, &customUi2, true});
+  // Premiere Pro has the first version alone.
+  suites.push_back({kPF_EffectCustomUISuite2Name, kPF_EffectCustomUISuite2Version, &customUi2, false});
   suites.push_back({kPF_EffectCustomUISuite1Name, kPF_EffectCustomUISuite1Version, &kCustomUi1, true});
   suites.push_back({kPFAppSuite6Name, kPFAppSuite6Version, &app, false});
 }

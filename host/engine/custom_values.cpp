@@ -92,23 +92,37 @@ void End(CallbackRun& run, std::vector<std::string>& problems) {
   AddCounts(run.context.effect->ledger, run.ledger);
 }
 
-/// A callback that makes a value. `fill` completes the record, given where the value must go.
-template <typename Fill>
-CustomResult MakeValue(EffectInstance& effect, int param, PF_FunctionSelector function, Fill fill) {
-  CustomResult result;
+/// What all questions about a value share: `ask(run, result)` between opened and closed books.
+template <typename Result, typename Ask>
+Result WithBooks(EffectInstance& effect, int param, Ask ask) {
+  Result result;
   if (!IsCustom(effect, param)) {
     result.error = PF_Err_INVALID_INDEX;
     return result;
   }
   CallbackRun run;
   Begin(run, effect);
-  PF_ArbParamsExtra extra = MakeExtra(effect, param, function);
-  PF_ArbitraryH made = nullptr;
-  fill(run, extra.u, &made);
-  result.error = Call(run, extra);
-  Collect(run, param, made, result);
+  ask(run, result);
   End(run, result.problems);
   return result;
+}
+
+/// One callback; `fill(arguments)` completes its record.
+template <typename Fill>
+PF_Err CallWith(CallbackRun& run, int param, PF_FunctionSelector function, Fill fill) {
+  PF_ArbParamsExtra extra = MakeExtra(*run.context.effect, param, function);
+  fill(extra.u);
+  return Call(run, extra);
+}
+
+/// A callback that makes a value. `fill` completes the record, given where the value must go.
+template <typename Fill>
+CustomResult MakeValue(EffectInstance& effect, int param, PF_FunctionSelector function, Fill fill) {
+  return WithBooks<CustomResult>(effect, param, [&](CallbackRun& run, CustomResult& result) {
+    PF_ArbitraryH made = nullptr;
+    result.error = CallWith(run, param, function, [&](PF_ArbParamsExtra_u& u) { fill(run, u, &made); });
+    Collect(run, param, made, result);
+  });
 }
 
 }  // namespace
@@ -157,80 +171,57 @@ CustomResult ScanCustomValue(EffectInstance& effect, int param, const std::strin
 }
 
 CustomResult FlattenCustomValue(EffectInstance& effect, int param, const std::vector<std::uint8_t>& value) {
-  CustomResult result;
-  if (!IsCustom(effect, param)) {
-    result.error = PF_Err_INVALID_INDEX;
-    return result;
-  }
-  CallbackRun run;
-  Begin(run, effect);
-  const PF_Handle lent = Lend(run, value);
-  A_u_long size = 0;
-  PF_ArbParamsExtra ask = MakeExtra(effect, param, PF_Arbitrary_FLAT_SIZE_FUNC);
-  ask.u.flat_size_func_params.arbH = lent;
-  ask.u.flat_size_func_params.flat_data_sizePLu = &size;
-  result.error = Call(run, ask);
-  if (result.error == PF_Err_NONE) {
+  return WithBooks<CustomResult>(effect, param, [&](CallbackRun& run, CustomResult& result) {
+    const PF_Handle lent = Lend(run, value);
+    A_u_long size = 0;
+    result.error = CallWith(run, param, PF_Arbitrary_FLAT_SIZE_FUNC, [&](PF_ArbParamsExtra_u& u) {
+      u.flat_size_func_params.arbH = lent;
+      u.flat_size_func_params.flat_data_sizePLu = &size;
+    });
+    if (result.error != PF_Err_NONE) return;
     result.bytes.resize(size);
-    PF_ArbParamsExtra flatten = MakeExtra(effect, param, PF_Arbitrary_FLATTEN_FUNC);
-    flatten.u.flatten_func_params.arbH = lent;
-    flatten.u.flatten_func_params.buf_sizeLu = size;
-    flatten.u.flatten_func_params.flat_dataPV = result.bytes.data();
-    result.error = Call(run, flatten);
-  }
-  result.present = result.error == PF_Err_NONE && size > 0;
-  End(run, result.problems);
-  return result;
+    result.error = CallWith(run, param, PF_Arbitrary_FLATTEN_FUNC, [&](PF_ArbParamsExtra_u& u) {
+      u.flatten_func_params.arbH = lent;
+      u.flatten_func_params.buf_sizeLu = size;
+      u.flatten_func_params.flat_dataPV = result.bytes.data();
+    });
+    result.present = result.error == PF_Err_NONE && size > 0;
+  });
 }
 
 CustomComparison CompareCustomValues(EffectInstance& effect, int param, const std::vector<std::uint8_t>& a,
                                      const std::vector<std::uint8_t>& b) {
-  CustomComparison result;
-  if (!IsCustom(effect, param)) {
-    result.error = PF_Err_INVALID_INDEX;
-    return result;
-  }
-  CallbackRun run;
-  Begin(run, effect);
-  PF_ArbParamsExtra extra = MakeExtra(effect, param, PF_Arbitrary_COMPARE_FUNC);
-  extra.u.compare_func_params.a_arbH = Lend(run, a);
-  extra.u.compare_func_params.b_arbH = Lend(run, b);
-  extra.u.compare_func_params.compareP = &result.order;
-  result.error = Call(run, extra);
-  End(run, result.problems);
-  return result;
+  return WithBooks<CustomComparison>(effect, param, [&](CallbackRun& run, CustomComparison& result) {
+    result.error = CallWith(run, param, PF_Arbitrary_COMPARE_FUNC, [&](PF_ArbParamsExtra_u& u) {
+      u.compare_func_params.a_arbH = Lend(run, a);
+      u.compare_func_params.b_arbH = Lend(run, b);
+      u.compare_func_params.compareP = &result.order;
+    });
+  });
 }
 
 CustomText PrintCustomValue(EffectInstance& effect, int param, const std::vector<std::uint8_t>& value) {
-  CustomText result;
-  if (!IsCustom(effect, param)) {
-    result.error = PF_Err_INVALID_INDEX;
-    return result;
-  }
-  CallbackRun run;
-  Begin(run, effect);
-  const PF_Handle lent = Lend(run, value);
-  A_u_long size = 0;
-  PF_ArbParamsExtra ask = MakeExtra(effect, param, PF_Arbitrary_PRINT_SIZE_FUNC);
-  ask.u.print_size_func_params.arbH = lent;
-  ask.u.print_size_func_params.print_sizePLu = &size;
-  result.error = Call(run, ask);
-  if (result.error == PF_Err_NONE && size > 0) {
+  return WithBooks<CustomText>(effect, param, [&](CallbackRun& run, CustomText& result) {
+    const PF_Handle lent = Lend(run, value);
+    A_u_long size = 0;
+    result.error = CallWith(run, param, PF_Arbitrary_PRINT_SIZE_FUNC, [&](PF_ArbParamsExtra_u& u) {
+      u.print_size_func_params.arbH = lent;
+      u.print_size_func_params.print_sizePLu = &size;
+    });
+    if (result.error != PF_Err_NONE || size == 0) return;
     // One zero more than the effect knows of ends a text that fills its buffer.
     std::vector<A_char> buffer(std::size_t{size} + 1, '\0');
-    PF_ArbParamsExtra print = MakeExtra(effect, param, PF_Arbitrary_PRINT_FUNC);
-    print.u.print_func_params.arbH = lent;
-    print.u.print_func_params.print_sizeLu = size;
-    print.u.print_func_params.print_bufferPC = buffer.data();
-    result.error = Call(run, print);
+    result.error = CallWith(run, param, PF_Arbitrary_PRINT_FUNC, [&](PF_ArbParamsExtra_u& u) {
+      u.print_func_params.arbH = lent;
+      u.print_func_params.print_sizeLu = size;
+      u.print_func_params.print_bufferPC = buffer.data();
+    });
     if (buffer[size] != '\0') {
       Complain(run.context, "a value's text was written past its buffer");
       buffer[size] = '\0';
     }
     result.text = buffer.data();
-  }
-  End(run, result.problems);
-  return result;
+  });
 }
 
 std::vector<std::string> DisposeCustomHandle(EffectInstance& effect, int param, PF_ArbitraryH handle) {

@@ -27,6 +27,14 @@ PF_Point OnPanel(const Press& press, const Point& point) {
   return at;
 }
 
+/// False when the action ends with this answer.
+bool GoesOn(const Press& press, const EventAnswer& answer) {
+  if (answer.error == PF_Err_NONE) return true;
+  press.result.error = answer.error;
+  press.result.message = answer.message;
+  return false;
+}
+
 /// Sends `extra` with the mouse at a point; false when the action ends there.
 bool SendAt(const Press& press, PF_EventExtra& extra, const Point& point, const std::string& what) {
   extra.u.do_click.screen_point = OnPanel(press, point);
@@ -34,19 +42,16 @@ bool SendAt(const Press& press, PF_EventExtra& extra, const Point& point, const 
   const std::string event = what + " " + std::to_string(point.x) + "," + std::to_string(point.y);
   const EventAnswer answer = SendEvent(press.panel, press.action.param, event, extra);
   press.result.handled = press.result.handled || answer.handled;
-  if (answer.error == PF_Err_NONE) return true;
-  press.result.error = answer.error;
-  press.result.message = answer.message;
-  return false;
+  return GoesOn(press, answer);
 }
 
-/// The mouse over the control, before it clicks.
-void Hover(const Press& press) {
+/// The mouse over the control, before it clicks; false when the action ends there.
+bool Hover(const Press& press) {
   PF_EventExtra extra{};
   extra.e_type = PF_Event_ADJUST_CURSOR;
   extra.u.adjust_cursor.screen_point = OnPanel(press, press.action.path.front());
   extra.u.adjust_cursor.modifiers = press.action.modifiers;
-  SendEvent(press.panel, press.action.param, "cursor", extra);
+  return GoesOn(press, SendEvent(press.panel, press.action.param, "cursor", extra));
 }
 
 /// The drag's events continue the record of the click. Where the button comes up without having moved, the
@@ -82,9 +87,9 @@ bool SendPress(const Press& press, A_long clicks) {
 }
 
 void PlayPresses(const Press& press) {
-  Hover(press);
   const bool twice = press.action.kind == ActionKind::kDoubleClick;
-  if (SendPress(press, 1) && twice) SendPress({press.panel, press.action, press.result, press.when + 200}, 2);
+  if (Hover(press) && SendPress(press, 1) && twice)
+    SendPress({press.panel, press.action, press.result, press.when + 200}, 2);
 }
 
 }  // namespace

@@ -110,6 +110,24 @@ TEST_F(DrawingSuites, AnObjectOfAnEarlierEventIsReported) {
   EXPECT_EQ(problems, "ReleaseObject called with an object that was released\n");
 }
 
+TEST_F(DrawingSuites, AnObjectOfAnyEarlierEventIsKnownButKeepsNoPath) {
+  DRAWBOT_PathRef kept = nullptr;
+  Draw([&](const Pencil& p) {
+    kept = NewPath(p);
+    return p.path->LineTo(kept, 1, 1);
+  });
+  for (int event = 0; event < 3; ++event) {
+    EXPECT_TRUE(Succeeded(Draw([](const Pencil& p) { return Release(p, NewPath(p)); })));
+  }
+  EXPECT_TRUE(session.current.empty());
+  EXPECT_TRUE(session.objects.at(kept)->path.empty());
+  const std::string problems = ProblemsWith([&](const Pencil& p) {
+    EXPECT_EQ(p.path->Close(kept), PF_Err_BAD_CALLBACK_PARAM);
+    return PF_Err_NONE;
+  });
+  EXPECT_EQ(problems, "Close called with an object that was released\n");
+}
+
 TEST_F(DrawingSuites, ARetainedObjectWantsTwoReleases) {
   EXPECT_TRUE(Succeeded(Draw([](const Pencil& p) {
     const DRAWBOT_PenRef pen = NewPen(p);
@@ -263,7 +281,11 @@ TEST(DrawingSuitesOffer, NoTableHasAnEmptySlotAndOldVersionsAreThere) {
     EXPECT_TRUE(suite.inPremiere) << suite.name;
   }
   ASSERT_NE(FindSuite("PF Effect Custom UI Suite", 1), nullptr);
+  EXPECT_TRUE(FindSuite("PF Effect Custom UI Suite", 1)->inPremiere);
+  ASSERT_NE(FindSuite("PF Effect Custom UI Suite", 2), nullptr);
+  EXPECT_FALSE(FindSuite("PF Effect Custom UI Suite", 2)->inPremiere);
   ASSERT_NE(FindSuite("PF AE App Suite", 1), nullptr);
+  EXPECT_FALSE(FindSuite("PF AE App Suite", 1)->inPremiere);
   EXPECT_EQ(FindSuite("PF AE App Suite", 2), nullptr);
   const auto* supplier =
       static_cast<const DRAWBOT_SupplierSuite1*>(FindSuite("DRAWBOT Supplier Suite", 1)->functions);

@@ -48,6 +48,47 @@ TEST_F(PanelProgram, TheExampleIsPlayedShownAndSaved) {
   EXPECT_EQ(test::ReadText(scratch.Path("same.json")), test::ReadText(scratch.Path("new.json")));
 }
 
+/// Opaque pixels of a frame: those that are more green than red, and the others.
+struct Colours {
+  int greener = 0;
+  int redder = 0;
+};
+
+Colours ColoursOf(const std::string& path) {
+  const io::Picture picture = io::ReadPicture(path, PixelDepth::k8);
+  Colours colours;
+  for (int y = 0; y < picture.height; ++y) {
+    const std::byte* row = io::Row(picture, y);
+    for (int x = 0; x < picture.width; ++x) {
+      const std::byte* pixel = row + x * 4;
+      if (std::to_integer<int>(pixel[0]) < 128) continue;
+      ++(pixel[2] > pixel[1] ? colours.greener : colours.redder);
+    }
+  }
+  return colours;
+}
+
+// From yellow over cyan most of the particles are green; from purple over orange to pink none is.
+TEST_F(PanelProgram, RenderedColoursFollowTheSavedScene) {
+  const std::string folder = PANEL_EXAMPLE_FOLDER, edited = scratch.Path("new.json");
+  ASSERT_EQ(
+      RunVantle({"panel", folder + "/scene.json", "--events", folder + "/events.json", "--save", edited})
+          .code,
+      0);
+  Colours colours[2];
+  for (const bool after : {false, true}) {
+    const std::string frame = scratch.Path(after ? "after.png" : "before.png");
+    const Outcome run = RunVantle(
+        {"render", after ? edited : folder + "/scene.json", "-o", frame, "--frames", "8", "--quiet"});
+    ASSERT_EQ(run.code, 0) << run.err;
+    colours[after ? 1 : 0] = ColoursOf(frame);
+  }
+  EXPECT_GT(colours[0].greener, 1000);
+  EXPECT_GT(colours[0].greener, 2 * colours[0].redder);
+  EXPECT_GT(colours[1].redder, 1000);
+  EXPECT_EQ(colours[1].greener, 0);
+}
+
 TEST_F(PanelProgram, MistakesEndWithTheirCodes) {
   EXPECT_EQ(RunVantle({"panel"}).code, 2);
   EXPECT_EQ(RunVantle({"panel", scene}).code, 2);
@@ -72,11 +113,8 @@ TEST_F(PanelProgram, AFailedPickerThatTheScriptAskedForIsAWarning) {
                          "error 77, as the script's colour picker did\n");
 }
 
-TEST_F(PanelProgram, PremierePaintsTheControlsButHasNoPicker) {
-  EXPECT_EQ(RunVantle({"panel", scene, "--steps", "--host-id", "PrMr"}).code, 0);
-  const std::string events = scratch.Write("e.json", R"({ "events": [
-    { "control": "Color Gradient", "double_click": [100, 30], "picker": [1, 1, 1] } ] })");
-  const Outcome run = RunVantle({"panel", scene, "--steps", "--host-id", "PrMr", "--events", events});
+TEST_F(PanelProgram, PremiereHasNoSuiteToDrawTheControlsWith) {
+  const Outcome run = RunVantle({"panel", scene, "--steps", "--host-id", "PrMr"});
   EXPECT_EQ(run.code, 5);
   EXPECT_NE(run.err.find("error 516 (\"Not able to acquire AEFX Suite.\")"), std::string::npos) << run.err;
 }

@@ -1,10 +1,9 @@
-// What the editors draw, call by call, and that they clean up whatever fails.
+// What the editors draw, shape by shape, and that they clean up whatever fails.
 #include "particles/custom_values.h"
 #include "tests/ui/fake_drawbot.h"
 #include "ui/editor_events.h"
 
 #include <algorithm>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -63,30 +62,6 @@ int Find(const FakeHost& host, const std::string& text, int from = 0) {
 std::string CallAt(const FakeHost& host, int index) {
   const auto i = static_cast<size_t>(index);
   return index >= 0 && i < host.calls.size() ? host.calls[i] : "(no call)";
-}
-
-// On a difference the whole list is written to the temporary folder, to be looked at and put in the old one's
-// place when it is right.
-void ExpectStoredCalls(const FakeHost& host, const std::string& name) {
-  std::ifstream file(std::string(EXPECTED_CALLS_FOLDER) + "/" + name);
-  std::vector<std::string> expected;
-  for (std::string line; std::getline(file, line);) expected.push_back(line);
-  if (expected == host.calls) return;
-
-  std::ofstream actual(testing::TempDir() + "/" + name);
-  for (const std::string& call : host.calls) actual << call << "\n";
-  ASSERT_EQ(expected.size(), host.calls.size()) << name;
-  for (size_t i = 0; i < expected.size(); ++i)
-    ASSERT_EQ(expected[i], host.calls[i]) << name << " line " << i + 1;
-}
-
-TEST(GradientDrawing, DefaultIsDrawnAsStored) {
-  FakeHost host;
-  host.SetValue(kColorGradientControl, DefaultGradient());
-  EXPECT_EQ(Draw(host, kGradient), PF_Err_NONE);
-  EXPECT_EQ(host.extra.evt_out_flags, PF_EO_HANDLED_EVENT);
-  EXPECT_EQ(host.Imbalance(), "");
-  ExpectStoredCalls(host, "gradient_200x40.txt");
 }
 
 TEST(GradientDrawing, CheckerboardColumnsOutlineHandles) {
@@ -148,15 +123,6 @@ TEST(GradientDrawing, HostileStopsAreShownAtTheEndsInDisplayableColours) {
   EXPECT_EQ(CallAt(host, Find(host, "brush1 =")), "brush1 = new brush 0 0 1 1");
   EXPECT_EQ(CallAt(host, Find(host, "path4 move to")), "path4 move to 196 26");
   EXPECT_EQ(Find(host, "nan"), -1);
-}
-
-TEST(CurveDrawing, DefaultIsDrawnAsStored) {
-  FakeHost host;
-  host.SetValue(kScaleOverLifeControl, DefaultCurve());
-  EXPECT_EQ(Draw(host, kCurve), PF_Err_NONE);
-  EXPECT_EQ(host.extra.evt_out_flags, PF_EO_HANDLED_EVENT);
-  EXPECT_EQ(host.Imbalance(), "");
-  ExpectStoredCalls(host, "curve_200x140.txt");
 }
 
 TEST(CurveDrawing, PlotGridAreaPointsButton) {
