@@ -26,8 +26,9 @@ struct ProjectedParticle {
 };
 static_assert(sizeof(ProjectedParticle) == 64 && offsetof(ProjectedParticle, cocRadius) == 44);
 
-/// The most points a trail can have: its head and one for each step of the walk.
-inline constexpr int32_t kMaxTrailPoints = 65;
+/// Room for a trail's points: its head, and one for each step of a walk that comes to the path's start in 24
+/// steps, or one more where rounding leaves a rest; made up to whole cache lines.
+inline constexpr int32_t kMaxTrailPoints = 32;
 
 /// Projected trails of the visible particles of curved shapes, head first; one pool a frame, so that no
 /// particle allocates. Slot s owns points[s * kMaxTrailPoints] and the counts[s] - 1 after it.

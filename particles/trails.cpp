@@ -7,8 +7,8 @@
 namespace vantle {
 namespace {
 
-constexpr int32_t kMostSteps = 64;
-static_assert(kMaxTrailPoints == kMostSteps + 1);
+/// More than the walk ever takes: 24 steps lead to the path's start.
+constexpr int32_t kMostSteps = kMaxTrailPoints - 1;
 
 /// A trail as it grows.
 struct Trail {
@@ -78,7 +78,7 @@ void WalkBack(const FrameConstants& frame, const PathLanes& path, int32_t l, Tra
     }
     VectorLanes p;
     PositionsAt(frame, same, q, &p);
-    for (int32_t i = 0; i < kLanes; ++i) {
+    for (int32_t i = 0; i < std::min(kLanes, kMostSteps - from); ++i) {
       // The step that ends at 0 is still taken; none follows it.
       if (!(trail.remaining > 0.0f) || !(reached > 0.0001f)) return;
       WalkTo(trail, {p.x[i], p.y[i], p.z[i]});

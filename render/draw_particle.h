@@ -1,7 +1,7 @@
 // One particle drawn into a band of rows.
 #pragma once
 
-#include "base/image_view.h"
+#include "base/pixels.h"
 #include "particles/frame_settings.h"
 #include "particles/projected_particle.h"
 #include "render/pixel_rect.h"
@@ -40,8 +40,22 @@ void DrawShape(const RasterFrame& frame, const ProjectedParticle& particle, cons
 /// Curve lines and curved arrows.
 void DrawCurve(const RasterFrame& frame, const ProjectedParticle& particle, const RowBand& band);
 
-/// Layer sprites at the frame's depth.
-DrawParticleFn FindDrawSprite(PixelDepth depth);
+/// Rows first..last of any picture as tall as can be; none where `last` lies before `first`.
+struct RowSpan {
+  int32_t first, last;
+};
+
+/// The rows that DrawCurve may touch for the particle.
+RowSpan RowsOfCurve(const RasterFrame& frame, const ProjectedParticle& particle);
+
+/// Asks for the particle's trail, which is going to be drawn soon.
+void PrefetchCurve(const RasterFrame& frame, const ProjectedParticle& particle);
+
+/// Layer sprites.
+void DrawSprite(const RasterFrame& frame, const ProjectedParticle& particle, const RowBand& band);
+
+/// As kernel::prepareShape, without sines and cosines of nothing.
+kernel::ShapeFrame PrepareShape(const ProjectedParticle& particle);
 
 /// The columns of a block, filled up to whole chunks of lanes.
 inline int32_t FillUp(int32_t columns, int32_t chunk) {
@@ -63,6 +77,36 @@ void ForEachBlock(const PixelRect& rect, const RasterFrame& frame, int32_t maxCo
       body(PixelBlock{start, y, stride, rows, x, x + columns - 1});
     }
   }
+}
+
+/// The tallest block whose pixels are at most `most`, its columns filled up.
+inline int32_t RowsOfBlock(const PixelRect& rect, const RasterFrame& frame, int32_t maxColumns,
+                           int32_t most) {
+  const int32_t columns = rect.x1 - rect.x0 + 1 < maxColumns ? rect.x1 - rect.x0 + 1 : maxColumns;
+  return most / FillUp(columns, frame.kernels.columns);
+}
+
+/// A copy of a block's rows in a picture narrower than a chunk of lanes.
+struct NarrowRows {
+  std::byte bytes[kBlockCoverages * 16];
+  int64_t rowBytes;
+};
+void CopyNarrowRows(const MutableImage& image, const PixelBlock& block, NarrowRows* rows);
+void WriteNarrowRows(const NarrowRows& rows, const PixelBlock& block, const MutableImage& image);
+
+/// Calls blend(at, rowBytes) with the block's first pixel; in a picture too narrow for the block's columns,
+/// by way of a copy of its rows.
+template <class Blend>
+void BlendBlockWith(const RasterFrame& frame, const PixelBlock& block, const Blend& blend) {
+  const MutableImage& out = frame.output;
+  if (block.x + block.stride <= out.width) {
+    const int64_t offset = static_cast<int64_t>(block.x) * static_cast<int64_t>(PixelBytes(out.depth));
+    return blend(Row(out, block.y) + offset, out.rowBytes);
+  }
+  NarrowRows rows;
+  CopyNarrowRows(out, block, &rows);
+  blend(rows.bytes, rows.rowBytes);
+  WriteNarrowRows(rows, block, out);
 }
 
 /// Lays `source` over the block with the frame's transfer mode.

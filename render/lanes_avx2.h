@@ -9,6 +9,8 @@
 
 namespace vantle {
 
+struct DoublesAvx2;
+
 /// The outcome of a comparison, all bits or none in each lane.
 struct MaskAvx2 {
   __m256 v;
@@ -16,8 +18,10 @@ struct MaskAvx2 {
 
 /// The same as LanesSse2, for eight pixels.
 struct LanesAvx2 {
+  using Doubles = DoublesAvx2;
   static constexpr int32_t kColumns = 8;
   static constexpr int32_t kRows = 1;
+  static constexpr int32_t kCount = kColumns * kRows;
 
   __m256 v;
 
@@ -57,6 +61,16 @@ inline LanesAvx2 min(LanesAvx2 a, LanesAvx2 b) {
 inline LanesAvx2 max(LanesAvx2 a, LanesAvx2 b) {
   return _mm256_max_ps(b.v, a.v);
 }
+inline float Least(LanesAvx2 a) {
+  const __m128 four = _mm_min_ps(_mm256_castps256_ps128(a.v), _mm256_extractf128_ps(a.v, 1));
+  const __m128 two = _mm_min_ps(four, _mm_movehl_ps(four, four));
+  return _mm_cvtss_f32(_mm_min_ss(two, _mm_shuffle_ps(two, two, 1)));
+}
+inline float Greatest(LanesAvx2 a) {
+  const __m128 four = _mm_max_ps(_mm256_castps256_ps128(a.v), _mm256_extractf128_ps(a.v, 1));
+  const __m128 two = _mm_max_ps(four, _mm_movehl_ps(four, four));
+  return _mm_cvtss_f32(_mm_max_ss(two, _mm_shuffle_ps(two, two, 1)));
+}
 inline LanesAvx2 clamp(LanesAvx2 a, float lo, float hi) {
   return _mm256_min_ps(_mm256_max_ps(a.v, _mm256_set1_ps(lo)), _mm256_set1_ps(hi));
 }
@@ -70,11 +84,56 @@ inline MaskAvx2 either(MaskAvx2 a, MaskAvx2 b) {
 inline bool any(MaskAvx2 m) {
   return _mm256_movemask_ps(m.v) != 0;
 }
+inline uint32_t BitsOf(MaskAvx2 m) {
+  return static_cast<uint32_t>(_mm256_movemask_ps(m.v));
+}
 inline LanesAvx2 select(MaskAvx2 m, LanesAvx2 a, LanesAvx2 b) {
   return _mm256_blendv_ps(b.v, a.v, m.v);
 }
 inline LanesAvx2 select(bool condition, LanesAvx2 a, LanesAvx2 b) {
   return condition ? a : b;
+}
+
+/// The same as DoublesSse2, four of them.
+struct DoublesAvx2 {
+  static constexpr int32_t kCount = 4;
+
+  __m256d v;
+
+  DoublesAvx2() = default;
+  DoublesAvx2(__m256d value) : v(value) {}
+  DoublesAvx2(double value) : v(_mm256_set1_pd(value)) {}
+
+  friend DoublesAvx2 operator+(DoublesAvx2 a, DoublesAvx2 b) { return _mm256_add_pd(a.v, b.v); }
+  friend DoublesAvx2 operator-(DoublesAvx2 a, DoublesAvx2 b) { return _mm256_sub_pd(a.v, b.v); }
+  friend DoublesAvx2 operator*(DoublesAvx2 a, DoublesAvx2 b) { return _mm256_mul_pd(a.v, b.v); }
+  friend DoublesAvx2 operator/(DoublesAvx2 a, DoublesAvx2 b) { return _mm256_div_pd(a.v, b.v); }
+
+  static DoublesAvx2 Columns(int32_t x) {
+    return _mm256_cvtepi32_pd(_mm_add_epi32(_mm_set1_epi32(x), _mm_setr_epi32(0, 1, 2, 3)));
+  }
+  void StoreFloats(float* at) const { _mm_storeu_ps(at, _mm256_cvtpd_ps(v)); }
+};
+
+inline DoublesAvx2 abs(DoublesAvx2 a) {
+  return _mm256_andnot_pd(_mm256_set1_pd(-0.0), a.v);
+}
+inline DoublesAvx2 SelectNotAbove(DoublesAvx2 p, DoublesAvx2 q, DoublesAvx2 a, DoublesAvx2 b) {
+  return _mm256_blendv_pd(b.v, a.v, _mm256_cmp_pd(p.v, q.v, _CMP_LE_OQ));
+}
+inline uint32_t BitsInside(DoublesAvx2 a, double size) {
+  const __m256d m = _mm256_and_pd(_mm256_cmp_pd(a.v, _mm256_setzero_pd(), _CMP_GE_OQ),
+                                  _mm256_cmp_pd(a.v, _mm256_set1_pd(size), _CMP_LT_OQ));
+  return static_cast<uint32_t>(_mm256_movemask_pd(m));
+}
+inline DoublesAvx2 Truncate(DoublesAvx2 a, int32_t* at) {
+  const __m128i whole = _mm256_cvttpd_epi32(a.v);
+  _mm_storeu_si128(static_cast<__m128i*>(static_cast<void*>(at)), whole);
+  return _mm256_cvtepi32_pd(whole);
+}
+
+inline void Truncate(LanesAvx2 a, int32_t* at) {
+  _mm256_storeu_si256(static_cast<__m256i*>(static_cast<void*>(at)), _mm256_cvttps_epi32(a.v));
 }
 
 /// Pixels in lanes, a channel each.
@@ -98,10 +157,10 @@ inline void StoreWords8(std::byte* at, __m256i words) {
   _mm256_storeu_si256(static_cast<__m256i*>(static_cast<void*>(at)), words);
 }
 
-inline PixelsAvx2 LoadPixels(Format8, const std::byte* at, const std::byte* /*nextRow*/, LanesAvx2) {
+inline PixelsAvx2 LoadScaled(Format8, const std::byte* at, const std::byte* /*nextRow*/, LanesAvx2,
+                             float unit) {
   const __m256i words = LoadWords8(at);
   const __m256i low = _mm256_set1_epi32(255);
-  const float unit = 1.0f / 255.0f;
   return {ToUnit(_mm256_and_si256(words, low), unit),
           ToUnit(_mm256_and_si256(_mm256_srli_epi32(words, 8), low), unit),
           ToUnit(_mm256_and_si256(_mm256_srli_epi32(words, 16), low), unit),
@@ -115,7 +174,8 @@ inline void StorePixels(Format8, const PixelsAvx2& p, std::byte* at, std::byte* 
 }
 
 /// The halves of the registers are shuffled apart; a permutation of quarters brings the pixels into order.
-inline PixelsAvx2 LoadPixels(Format16, const std::byte* at, const std::byte* /*nextRow*/, LanesAvx2) {
+inline PixelsAvx2 LoadScaled(Format16, const std::byte* at, const std::byte* /*nextRow*/, LanesAvx2,
+                             float unit) {
   const __m256 first = _mm256_castsi256_ps(LoadWords8(at));
   const __m256 second = _mm256_castsi256_ps(LoadWords8(at + 32));
   const __m256i mixedAr = _mm256_castps_si256(_mm256_shuffle_ps(first, second, _MM_SHUFFLE(2, 0, 2, 0)));
@@ -123,7 +183,6 @@ inline PixelsAvx2 LoadPixels(Format16, const std::byte* at, const std::byte* /*n
   const __m256i ar = _mm256_permute4x64_epi64(mixedAr, _MM_SHUFFLE(3, 1, 2, 0));
   const __m256i gb = _mm256_permute4x64_epi64(mixedGb, _MM_SHUFFLE(3, 1, 2, 0));
   const __m256i low = _mm256_set1_epi32(65535);
-  const float unit = 1.0f / 32768.0f;
   return {ToUnit(_mm256_and_si256(ar, low), unit), ToUnit(_mm256_srli_epi32(ar, 16), unit),
           ToUnit(_mm256_and_si256(gb, low), unit), ToUnit(_mm256_srli_epi32(gb, 16), unit)};
 }
@@ -163,7 +222,7 @@ inline void StorePair(std::byte* at, int32_t i, __m256 pair) {
   _mm_storeu_si128(second, _mm_castps_si128(_mm256_extractf128_ps(pair, 1)));
 }
 
-inline PixelsAvx2 LoadPixels(Format32, const std::byte* at, const std::byte* /*nextRow*/, LanesAvx2) {
+inline PixelsAvx2 LoadScaled(Format32, const std::byte* at, const std::byte* /*nextRow*/, LanesAvx2, float) {
   return Transpose(LoadPair(at, 0), LoadPair(at, 1), LoadPair(at, 2), LoadPair(at, 3));
 }
 

@@ -10,6 +10,8 @@
 
 namespace vantle {
 
+struct DoublesAvx512;
+
 /// The outcome of a comparison, a bit a lane.
 struct MaskAvx512 {
   __mmask16 v;
@@ -17,8 +19,10 @@ struct MaskAvx512 {
 
 /// The same as LanesSse2, for two times eight pixels; the first eight lanes are the upper row.
 struct LanesAvx512 {
+  using Doubles = DoublesAvx512;
   static constexpr int32_t kColumns = 8;
   static constexpr int32_t kRows = 2;
+  static constexpr int32_t kCount = kColumns * kRows;
 
   __m512 v;
 
@@ -74,6 +78,12 @@ inline LanesAvx512 min(LanesAvx512 a, LanesAvx512 b) {
 inline LanesAvx512 max(LanesAvx512 a, LanesAvx512 b) {
   return _mm512_max_ps(b.v, a.v);
 }
+inline float Least(LanesAvx512 a) {
+  return _mm512_reduce_min_ps(a.v);
+}
+inline float Greatest(LanesAvx512 a) {
+  return _mm512_reduce_max_ps(a.v);
+}
 inline LanesAvx512 clamp(LanesAvx512 a, float lo, float hi) {
   return _mm512_min_ps(_mm512_max_ps(a.v, _mm512_set1_ps(lo)), _mm512_set1_ps(hi));
 }
@@ -87,11 +97,56 @@ inline MaskAvx512 either(MaskAvx512 a, MaskAvx512 b) {
 inline bool any(MaskAvx512 m) {
   return m.v != 0;
 }
+inline uint32_t BitsOf(MaskAvx512 m) {
+  return m.v;
+}
 inline LanesAvx512 select(MaskAvx512 m, LanesAvx512 a, LanesAvx512 b) {
   return _mm512_mask_blend_ps(m.v, b.v, a.v);
 }
 inline LanesAvx512 select(bool condition, LanesAvx512 a, LanesAvx512 b) {
   return condition ? a : b;
+}
+
+/// The same as DoublesSse2, eight of them.
+struct DoublesAvx512 {
+  static constexpr int32_t kCount = 8;
+
+  __m512d v;
+
+  DoublesAvx512() = default;
+  DoublesAvx512(__m512d value) : v(value) {}
+  DoublesAvx512(double value) : v(_mm512_set1_pd(value)) {}
+
+  friend DoublesAvx512 operator+(DoublesAvx512 a, DoublesAvx512 b) { return _mm512_add_pd(a.v, b.v); }
+  friend DoublesAvx512 operator-(DoublesAvx512 a, DoublesAvx512 b) { return _mm512_sub_pd(a.v, b.v); }
+  friend DoublesAvx512 operator*(DoublesAvx512 a, DoublesAvx512 b) { return _mm512_mul_pd(a.v, b.v); }
+  friend DoublesAvx512 operator/(DoublesAvx512 a, DoublesAvx512 b) { return _mm512_div_pd(a.v, b.v); }
+
+  static DoublesAvx512 Columns(int32_t x) {
+    const __m256i steps = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
+    return _mm512_cvtepi32_pd(_mm256_add_epi32(_mm256_set1_epi32(x), steps));
+  }
+  void StoreFloats(float* at) const { _mm256_storeu_ps(at, _mm512_cvtpd_ps(v)); }
+};
+
+inline DoublesAvx512 abs(DoublesAvx512 a) {
+  return _mm512_andnot_pd(_mm512_set1_pd(-0.0), a.v);
+}
+inline DoublesAvx512 SelectNotAbove(DoublesAvx512 p, DoublesAvx512 q, DoublesAvx512 a, DoublesAvx512 b) {
+  return _mm512_mask_blend_pd(_mm512_cmp_pd_mask(p.v, q.v, _CMP_LE_OQ), b.v, a.v);
+}
+inline uint32_t BitsInside(DoublesAvx512 a, double size) {
+  const __mmask8 m = _mm512_cmp_pd_mask(a.v, _mm512_setzero_pd(), _CMP_GE_OQ);
+  return _mm512_mask_cmp_pd_mask(m, a.v, _mm512_set1_pd(size), _CMP_LT_OQ);
+}
+inline DoublesAvx512 Truncate(DoublesAvx512 a, int32_t* at) {
+  const __m256i whole = _mm512_cvttpd_epi32(a.v);
+  _mm256_storeu_si256(static_cast<__m256i*>(static_cast<void*>(at)), whole);
+  return _mm512_cvtepi32_pd(whole);
+}
+
+inline void Truncate(LanesAvx512 a, int32_t* at) {
+  _mm512_storeu_si512(at, _mm512_cvttps_epi32(a.v));
 }
 
 /// Pixels in lanes, a channel each.
@@ -121,10 +176,10 @@ inline void StoreWords16(std::byte* at, __m512i words) {
   _mm512_storeu_si512(at, words);
 }
 
-inline PixelsAvx512 LoadPixels(Format8, const std::byte* at, const std::byte* nextRow, LanesAvx512) {
+inline PixelsAvx512 LoadScaled(Format8, const std::byte* at, const std::byte* nextRow, LanesAvx512,
+                               float unit) {
   const __m512i words = _mm512_inserti32x8(_mm512_castsi256_si512(LoadHalf(at)), LoadHalf(nextRow), 1);
   const __m512i low = _mm512_set1_epi32(255);
-  const float unit = 1.0f / 255.0f;
   return {ToUnit(_mm512_and_si512(words, low), unit),
           ToUnit(_mm512_and_si512(_mm512_srli_epi32(words, 8), low), unit),
           ToUnit(_mm512_and_si512(_mm512_srli_epi32(words, 16), low), unit),
@@ -139,7 +194,8 @@ inline void StorePixels(Format8, const PixelsAvx512& p, std::byte* at, std::byte
   StoreHalf(nextRow, _mm512_extracti32x8_epi32(words, 1));
 }
 
-inline PixelsAvx512 LoadPixels(Format16, const std::byte* at, const std::byte* nextRow, LanesAvx512) {
+inline PixelsAvx512 LoadScaled(Format16, const std::byte* at, const std::byte* nextRow, LanesAvx512,
+                               float unit) {
   const __m512i first = LoadWords16(at);
   const __m512i second = LoadWords16(nextRow);
   const __m512i even = _mm512_setr_epi32(0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
@@ -147,7 +203,6 @@ inline PixelsAvx512 LoadPixels(Format16, const std::byte* at, const std::byte* n
   const __m512i ar = _mm512_permutex2var_epi32(first, even, second);
   const __m512i gb = _mm512_permutex2var_epi32(first, odd, second);
   const __m512i low = _mm512_set1_epi32(65535);
-  const float unit = 1.0f / 32768.0f;
   return {ToUnit(_mm512_and_si512(ar, low), unit), ToUnit(_mm512_srli_epi32(ar, 16), unit),
           ToUnit(_mm512_and_si512(gb, low), unit), ToUnit(_mm512_srli_epi32(gb, 16), unit)};
 }
@@ -177,7 +232,7 @@ inline __m512 Reorder(__m512 v) {
   return _mm512_permutexvar_ps(order, v);
 }
 
-inline PixelsAvx512 LoadPixels(Format32, const std::byte* at, const std::byte* nextRow, LanesAvx512) {
+inline PixelsAvx512 LoadScaled(Format32, const std::byte* at, const std::byte* nextRow, LanesAvx512, float) {
   const PixelsAvx512 p =
       Transpose(_mm512_castsi512_ps(LoadWords16(at)), _mm512_castsi512_ps(LoadWords16(at + 64)),
                 _mm512_castsi512_ps(LoadWords16(nextRow)), _mm512_castsi512_ps(LoadWords16(nextRow + 64)));

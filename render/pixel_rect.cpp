@@ -22,16 +22,13 @@ Edges PlaneEdges(const kernel::ShapeFrame& f) {
   return {f.sx - reachX, f.sx + reachX, f.sy - reachY, f.sy + reachY};
 }
 
-/// Radius in the shape's plane beyond which the coverage is 0. A triangle's blurred tip, at 60 degrees,
-/// reaches twice as far as a straight edge's blur.
+/// Radius in the shape's plane beyond which the coverage is 0.
 float PlaneRadius(const kernel::ShapeFrame& f, int32_t shape) {
   switch (shape) {
     case SHAPE_POINT:
       return 1.0f + 0.5f * f.blurW;
     case SHAPE_SOFT_CIRCLE:
       return f.r + f.cocRadius;
-    case SHAPE_TRIANGLE:
-      return f.r + f.blurW;
     default:
       return f.r + 0.5f * f.blurW;
   }
@@ -40,6 +37,33 @@ float PlaneRadius(const kernel::ShapeFrame& f, int32_t shape) {
 int32_t FirstPixel(float edge) {
   const int32_t pixel = TruncToInt(edge);
   return static_cast<float>(pixel) < edge && pixel < INT32_MAX ? pixel + 1 : pixel;
+}
+
+/// `rect` without what lies outside of the edges. The slack is far above what rounding can move an edge, and
+/// far below a pixel for usual sizes.
+PixelRect TightenToEdges(const PixelRect& rect, const Edges& e) {
+  const float slackX = 0.02f + 1e-4f * (e.right - e.left);
+  const float slackY = 0.02f + 1e-4f * (e.bottom - e.top);
+  return {std::max(rect.x0, FirstPixel(e.left - slackX)), std::min(rect.x1, TruncToInt(e.right + slackX)),
+          std::max(rect.y0, FirstPixel(e.top - slackY)), std::min(rect.y1, TruncToInt(e.bottom + slackY))};
+}
+
+PixelRect TightenToReach(const PixelRect& rect, const kernel::ShapeFrame& f, float reachX, float reachY) {
+  return TightenToEdges(rect, {f.sx - reachX, f.sx + reachX, f.sy - reachY, f.sy + reachY});
+}
+
+/// A triangle's three tips, as far out as its blur moves them: at 60 degrees twice as far as a straight edge.
+PixelRect TightenToTriangle(const PixelRect& rect, const kernel::ShapeFrame& f) {
+  const float radius = f.r + f.blurW;
+  const Vec2 tips[3] = {
+      {0.0f, radius}, {-0.8662f * radius, -0.5f * radius}, {0.8662f * radius, -0.5f * radius}};
+  Edges e{f.sx, f.sx, f.sy, f.sy};
+  for (const Vec2& tip : tips) {
+    const float x = f.sx + (tip.x * f.cy * f.cz - tip.y * f.cx * f.sz);
+    const float y = f.sy + (tip.x * f.cy * f.sz + tip.y * f.cx * f.cz);
+    e = {std::min(e.left, x), std::max(e.right, x), std::min(e.top, y), std::max(e.bottom, y)};
+  }
+  return TightenToEdges(rect, e);
 }
 
 }  // namespace
@@ -69,8 +93,28 @@ Edges TrailEdges(const Vec2* points, int32_t count, float margin) {
   return {e.left - margin, e.right + margin, e.top - margin, e.bottom + margin};
 }
 
+PixelRect TightenToLine(const PixelRect& rect, const kernel::ShapeFrame& f, int32_t shape, bool roundCap) {
+  if (!(f.r > 1.0f && f.halfLW >= 0.0f)) return rect;
+  const float stepX = std::fabs(f.bx - f.ax);
+  const float stepY = std::fabs(f.by - f.ay);
+  const float length = std::sqrt(stepX * stepX + stepY * stepY);
+  const float aside = (shape == SHAPE_ARROW ? f.halfLW * 2.5f : f.halfLW) + 0.5f * f.blurW;
+  const bool isRound = shape == SHAPE_LINE && roundCap;
+  const float reachX = isRound ? aside : aside * stepY / length;
+  const float reachY = isRound ? aside : aside * stepX / length;
+  return TightenToEdges(rect, {std::min(f.ax, f.bx) - reachX, std::max(f.ax, f.bx) + reachX,
+                               std::min(f.ay, f.by) - reachY, std::max(f.ay, f.by) + reachY});
+}
+
+PixelRect TightenToBox(const PixelRect& rect, const kernel::ShapeFrame& f, float halfX, float halfY) {
+  if (!(halfX > 0.0f && halfY > 0.0f)) return rect;
+  return TightenToReach(rect, f, std::fabs(f.cy * f.cz) * halfX + std::fabs(f.cx * f.sz) * halfY,
+                        std::fabs(f.cy * f.sz) * halfX + std::fabs(f.cx * f.cz) * halfY);
+}
+
 PixelRect TightenToPlaneShape(const PixelRect& rect, const kernel::ShapeFrame& f, int32_t shape) {
   if (!(f.r > 0.0f)) return rect;
+  if (shape == SHAPE_TRIANGLE) return TightenToTriangle(rect, f);
   const float radius = PlaneRadius(f, shape);
   const float xx = std::fabs(f.cy * f.cz);
   const float xy = std::fabs(f.cx * f.sz);
@@ -82,13 +126,7 @@ PixelRect TightenToPlaneShape(const PixelRect& rect, const kernel::ShapeFrame& f
   const float reachX = radius * (box ? xx + xy : std::sqrt(xx * xx + xy * xy));
   const float reachY = radius * (box ? yx + yy : std::sqrt(yx * yx + yy * yy));
 
-  // The slack is far above what rounding can move an edge, and far below a pixel for usual sizes.
-  const float slackX = 0.02f + 1e-4f * reachX;
-  const float slackY = 0.02f + 1e-4f * reachY;
-  return {std::max(rect.x0, FirstPixel(f.sx - reachX - slackX)),
-          std::min(rect.x1, TruncToInt(f.sx + reachX + slackX)),
-          std::max(rect.y0, FirstPixel(f.sy - reachY - slackY)),
-          std::min(rect.y1, TruncToInt(f.sy + reachY + slackY))};
+  return TightenToReach(rect, f, reachX, reachY);
 }
 
 }  // namespace vantle

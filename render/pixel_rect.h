@@ -42,6 +42,13 @@ Edges TrailEdges(const Vec2* points, int32_t count, float margin);
 /// `rect` without the outer pixels that a plane shape's coverage cannot reach.
 PixelRect TightenToPlaneShape(const PixelRect& rect, const kernel::ShapeFrame& frame, int32_t shape);
 
+/// The same for a line or an arrow.
+PixelRect TightenToLine(const PixelRect& rect, const kernel::ShapeFrame& frame, int32_t shape, bool roundCap);
+
+/// `rect` without the pixels that lie outside of a box of half-widths `halfX` and `halfY` in the shape's
+/// plane; unchanged unless both are above 0.
+PixelRect TightenToBox(const PixelRect& rect, const kernel::ShapeFrame& frame, float halfX, float halfY);
+
 /// Rows above and below sy that a particle of any shape but the two curved ones may reach: a cheap upper
 /// bound, for skipping. NaN when an input is.
 inline float VerticalReach(const ProjectedParticle& p) {

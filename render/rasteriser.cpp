@@ -22,33 +22,101 @@ void ClearRows(const MutableImage& output, const RowBand& band) {
   for (int32_t y = band.first; y <= band.last; ++y) std::memset(Row(output, y), 0, bytes);
 }
 
-/// Whether the particle may touch the band; cheap, and true when in doubt. A curve's place is its trail's.
-bool MayTouchBand(const ProjectedParticle& p, bool isCurve, float firstRow, float lastRow) {
-  const float reach = VerticalReach(p);
-  const bool apart = (p.sy + reach < firstRow) | (p.sy - reach > lastRow);
-  return isCurve | !apart;
+/// A thread's share of the picture: bands number first, first + step, ... of `count`.
+struct Share {
+  int64_t first, step, count;
+  int64_t rows;  ///< of a band
+};
+
+template <class Body>
+void ForEachBand(const MutableImage& output, const Share& share, const Body& body) {
+  for (int64_t band = share.first; band < share.count; band += share.step) {
+    const int64_t first = band * share.rows;
+    const int64_t last = std::min<int64_t>(output.height, first + share.rows) - 1;
+    body(RowBand{output.width, static_cast<int32_t>(first), static_cast<int32_t>(last)});
+  }
 }
 
-/// Draws the particles that touch the band. They are looked up some at a time, without a branch for each,
-/// into a list of hits.
-void DrawBand(const RasterFrame& frame, const ProjectedParticle* particles, size_t count,
-              const RowBand& band) {
-  ClearRows(frame.output, band);
-  if (frame.draw == nullptr) return;
-  const bool isCurve = frame.draw == DrawCurve;
-  const float firstRow = static_cast<float>(band.first);
-  const float lastRow = static_cast<float>(band.last);
-  constexpr size_t kBatch = 256;
+/// Whether the particle may touch the band; cheap, and true when in doubt.
+bool MayTouchBand(const ProjectedParticle& p, float firstRow, float lastRow) {
+  const float reach = VerticalReach(p);
+  const bool apart = (p.sy + reach < firstRow) | (p.sy - reach > lastRow);
+  return !apart;
+}
+
+/// Draws the particles for which mayTouch(i) holds, 0 <= i < count. They are looked up some at a time,
+/// without a branch for each, into a list of hits. Trails lie anywhere, and are asked for ahead of time.
+template <bool kAreCurves, class MayTouch>
+void DrawHits(const RasterFrame& frame, const ProjectedParticle* particles, size_t count, const RowBand& band,
+              const MayTouch& mayTouch) {
+  constexpr size_t kBatch = 256, kAhead = 4;
   for (size_t start = 0; start < count; start += kBatch) {
     const size_t end = std::min(count, start + kBatch);
     const ProjectedParticle* hits[kBatch];
     size_t hitCount = 0;
     for (size_t i = start; i < end; ++i) {
       hits[hitCount] = particles + i;
-      hitCount += static_cast<size_t>(MayTouchBand(particles[i], isCurve, firstRow, lastRow));
+      hitCount += static_cast<size_t>(mayTouch(i));
     }
-    for (size_t i = 0; i < hitCount; ++i) frame.draw(frame, *hits[i], band);
+    for (size_t i = 0; i < hitCount; ++i) {
+      if (kAreCurves) PrefetchCurve(frame, *hits[std::min(i + kAhead, hitCount - 1)]);
+      frame.draw(frame, *hits[i], band);
+    }
   }
+}
+
+void DrawBand(const RasterFrame& frame, const ProjectedParticle* particles, size_t count,
+              const RowBand& band) {
+  const float firstRow = static_cast<float>(band.first);
+  const float lastRow = static_cast<float>(band.last);
+  DrawHits<false>(frame, particles, count, band,
+                  [&](size_t i) { return MayTouchBand(particles[i], firstRow, lastRow); });
+}
+
+/// Rows first..last, cut to what 16 bits hold; the greatest stands for all beyond it as well.
+struct ShortSpan {
+  int16_t first, last;
+};
+
+ShortSpan ShortSpanOf(const RowSpan& span) {
+  return {static_cast<int16_t>(std::clamp<int32_t>(span.first, INT16_MIN, INT16_MAX)),
+          static_cast<int16_t>(std::clamp<int32_t>(span.last, INT16_MIN, INT16_MAX))};
+}
+
+bool MayTouchBand(ShortSpan span, const RowBand& band) {
+  return (span.first <= band.last) & ((span.last >= band.first) | (span.last == INT16_MAX));
+}
+
+/// A curve's place is its trail's, whose points are too many to be looked through for every band: the rows of
+/// as many curves as the stack has room for are found once, and then drawn into all bands. Clears the bands
+/// first.
+void DrawCurves(const RasterFrame& frame, const ProjectedParticle* particles, size_t count,
+                const Share& share) {
+  constexpr size_t kSome = 32768, kAhead = 8;
+  ShortSpan spans[kSome];
+  size_t start = 0;
+  do {
+    const ProjectedParticle* some = particles + start;
+    const size_t size = std::min(count - start, kSome);
+    for (size_t i = 0; i < size; ++i) {
+      PrefetchCurve(frame, some[std::min(i + kAhead, size - 1)]);
+      spans[i] = ShortSpanOf(RowsOfCurve(frame, some[i]));
+    }
+    ForEachBand(frame.output, share, [&](const RowBand& band) {
+      if (start == 0) ClearRows(frame.output, band);
+      DrawHits<true>(frame, some, size, band, [&](size_t i) { return MayTouchBand(spans[i], band); });
+    });
+    start += kSome;
+  } while (start < count);
+}
+
+void DrawShare(const RasterFrame& frame, const ProjectedParticle* particles, size_t count,
+               const Share& share) {
+  if (frame.draw == DrawCurve) return DrawCurves(frame, particles, count, share);
+  ForEachBand(frame.output, share, [&](const RowBand& band) {
+    ClearRows(frame.output, band);
+    if (frame.draw != nullptr) DrawBand(frame, particles, count, band);
+  });
 }
 
 /// Mean height of a particle in rows, from a sample; held to 1..1000.
@@ -98,14 +166,7 @@ void RenderParticlesAtLevel(InstructionLevel level, const MutableImage& output,
                                            std::max<int64_t>(1, output.height / threads));
   const int64_t bands = (output.height + rows - 1) / rows;
   ParallelRanges(threads, 1, [&](int64_t begin, int64_t end) {
-    for (int64_t t = begin; t < end; ++t) {
-      for (int64_t band = t; band < bands; band += threads) {
-        const int64_t first = band * rows;
-        const int64_t last = std::min<int64_t>(output.height, first + rows) - 1;
-        DrawBand(frame, particles, count,
-                 {output.width, static_cast<int32_t>(first), static_cast<int32_t>(last)});
-      }
-    }
+    for (int64_t t = begin; t < end; ++t) DrawShare(frame, particles, count, {t, threads, bands, rows});
   });
 }
 

@@ -6,6 +6,8 @@
 #include "base/image_view.h"
 #include "base/instruction_level.h"
 #include "render/coverage.h"
+#include "render/sprite.h"
+#include "render/trail.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -42,12 +44,33 @@ struct BlendSource {
 using BlendBlockFn = void (*)(const BlendSource& source, const PixelBlock& block, const float* coverage,
                               std::byte* at, int64_t rowBytes);
 
+/// Copies the points, 1..kMaxTrailPoints, and fills in what follows from them alone: `count`, `largest`,
+/// the box, `spreading` and everything by segment.
+using PrepareTrailFn = void (*)(const Vec2* points, int32_t count, Trail* trail);
+
+/// Writes the coverages of a block of at most kTrailTile columns and rows, 0 outside first..last; false, with
+/// none of them written, when all are 0. `head`: whether the head may cover a pixel of the block.
+using CoverTrailFn = bool (*)(const Trail& trail, bool head, const PixelBlock& block, float* coverage);
+
+/// Writes what a sprite lays over each pixel of a block of at most kSpriteBlock pixels; an alpha of 0 outside
+/// first..last. The sprite has the depth that the loop was found for.
+using SampleSpriteFn = void (*)(const SpriteFrame& sprite, const PixelBlock& block, PixelSources* sources);
+
+/// Lays the sources over the block, whose first pixel is at `at`. All of the block's columns are read and
+/// written, but pixels under an alpha below 0.001 keep their bytes.
+using BlendSourcesFn = void (*)(const PixelSources& sources, const PixelBlock& block, std::byte* at,
+                                int64_t rowBytes);
+
 /// The loops of a frame.
 struct RowKernels {
   int32_t columns;            ///< of a chunk of lanes; block strides are multiples of it
   CoverBlockFn cover;         ///< of a line, an arrow or a plane shape; null for other shapes
   CoverBlockFn coverUpright;  ///< the same for plane shapes neither turned nor tilted; gives the same bits
   BlendBlockFn blend;         ///< unknown modes are Normal
+  PrepareTrailFn prepareTrail;
+  CoverTrailFn coverTrail;
+  SampleSpriteFn sampleSprite;
+  BlendSourcesFn blendSources;
 };
 
 /// What decides on the loops.
@@ -58,11 +81,28 @@ struct RowKernelKey {
   PixelDepth depth;
 };
 
+/// A solid layer on its way to the output, which has the same depth.
+struct SolidWarp {
+  ImageView layer;
+  double toLayer[9];  ///< row-major homography from pixels to texels
+  int32_t x0, x1;     ///< columns to be drawn
+  float opacity;
+};
+
+/// Lays the layer over columns x0..x1 of row y of the output, which begins at `row`, by the Normal rule.
+/// Pixels that it does not cover are not touched.
+using WarpRowFn = void (*)(const SolidWarp& warp, int32_t y, std::byte* row);
+
 /// The loops at a level that this processor has. Every level gives the same bytes.
 RowKernels FindRowKernels(InstructionLevel level, const RowKernelKey& key);
+
+WarpRowFn FindWarpRow(InstructionLevel level, PixelDepth depth);
 
 RowKernels FindRowKernelsSse2(const RowKernelKey& key);
 RowKernels FindRowKernelsAvx2(const RowKernelKey& key);
 RowKernels FindRowKernelsAvx512(const RowKernelKey& key);
+WarpRowFn FindWarpRowSse2(PixelDepth depth);
+WarpRowFn FindWarpRowAvx2(PixelDepth depth);
+WarpRowFn FindWarpRowAvx512(PixelDepth depth);
 
 }  // namespace vantle

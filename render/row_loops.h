@@ -1,22 +1,15 @@
 // The row loops, generic over the lanes. Included by one file per instruction set, which is compiled for it.
 #pragma once
 
-#include "base/pixels.h"
+#include "render/block_loops.h"
+#include "render/lane_pixels.h"
 #include "render/row_kernels.h"
+#include "render/sprite_loops.h"
+#include "render/trail_loops.h"
 #include "render/transfer.h"
+#include "render/warp_loops.h"
 
 namespace vantle {
-
-/// Clears what the filling up to whole chunks added.
-template <class L>
-void ClearOutside(const PixelBlock& block, float* coverage) {
-  const int32_t left = block.first - block.x;
-  const int32_t right = block.last - block.x + 1;
-  for (int32_t row = 0; row < block.rows; ++row, coverage += block.stride) {
-    for (int32_t i = 0; i < left; ++i) coverage[i] = 0.0f;
-    for (int32_t i = right; i < block.stride; ++i) coverage[i] = 0.0f;
-  }
-}
 
 template <class L, class CoverageAt>
 void CoverRows(const PixelBlock& block, float* coverage, const CoverageAt& coverageAt) {
@@ -88,7 +81,7 @@ CoverBlockFn FindCover(const RowKernelKey& key, bool upright) {
 /// they came from.
 template <class L, class Format, int32_t kMode>
 inline void BlendChunk(const BlendSource& s, L coverage, std::byte* row, std::byte* nextRow) {
-  auto p = LoadPixels(Format{}, row, nextRow, L{});
+  auto p = LoadPixels<L, Format>(row, nextRow);
   const L srcA = select(coverage > 0.001f, s.alpha * coverage, 0.0f);
   kernel::blendPixel(s.r, s.g, s.b, srcA, p.r, p.g, p.b, p.a, kMode);
   StorePixels(Format{}, p, row, nextRow);
@@ -98,49 +91,78 @@ inline void BlendChunk(const BlendSource& s, L coverage, std::byte* row, std::by
 template <class L, class Format, int32_t kMode>
 void BlendBlock(const BlendSource& source, const PixelBlock& block, const float* coverage, std::byte* at,
                 int64_t rowBytes) {
-  constexpr int64_t kChunkBytes = int64_t{L::kColumns} * int64_t{kPixelBytes<Format>};
+  constexpr int64_t kBytes = kChunkBytes<L, Format>;
   const BlendSource s = source;
-  std::byte spare[static_cast<size_t>(kChunkBytes)] = {};
+  std::byte spare[static_cast<size_t>(kBytes)] = {};
   for (int32_t row = 0; row < block.rows; row += L::kRows, coverage += L::kRows * block.stride) {
     const bool paired = L::kRows == 2 && row + 1 < block.rows;
     std::byte* pixels = at + rowBytes * row;
     std::byte* below = paired ? pixels + rowBytes : spare;
-    const int64_t belowStep = paired ? kChunkBytes : 0;
-    for (int32_t x = 0; x < block.stride; x += L::kColumns, pixels += kChunkBytes, below += belowStep) {
+    const int64_t belowStep = paired ? kBytes : 0;
+    for (int32_t x = 0; x < block.stride; x += L::kColumns, pixels += kBytes, below += belowStep) {
       const L c = L::LoadCoverage(coverage + x, block.stride);
       if (any(c > 0.001f)) BlendChunk<L, Format, kMode>(s, c, pixels, below);
     }
   }
 }
 
+/// The two blends of a transfer mode and a pixel format.
+struct BlendFns {
+  BlendBlockFn block;
+  BlendSourcesFn sources;
+};
+
+template <class L, class Format, int32_t kMode>
+BlendFns BlendsOf() {
+  return {BlendBlock<L, Format, kMode>, BlendSources<L, Format, kMode>};
+}
+
 template <class L, class Format>
-BlendBlockFn FindBlendMode(int32_t mode) {
+BlendFns FindBlends(int32_t mode) {
   switch (mode) {
     case BLEND_ADD:
-      return BlendBlock<L, Format, BLEND_ADD>;
+      return BlendsOf<L, Format, BLEND_ADD>();
     case BLEND_SCREEN:
-      return BlendBlock<L, Format, BLEND_SCREEN>;
+      return BlendsOf<L, Format, BLEND_SCREEN>();
     case BLEND_MULTIPLY:
-      return BlendBlock<L, Format, BLEND_MULTIPLY>;
+      return BlendsOf<L, Format, BLEND_MULTIPLY>();
     case BLEND_OVERLAY:
-      return BlendBlock<L, Format, BLEND_OVERLAY>;
+      return BlendsOf<L, Format, BLEND_OVERLAY>();
     case BLEND_SOFT_LIGHT:
-      return BlendBlock<L, Format, BLEND_SOFT_LIGHT>;
+      return BlendsOf<L, Format, BLEND_SOFT_LIGHT>();
     case BLEND_HARD_LIGHT:
-      return BlendBlock<L, Format, BLEND_HARD_LIGHT>;
+      return BlendsOf<L, Format, BLEND_HARD_LIGHT>();
     case BLEND_COLOR_BURN:
-      return BlendBlock<L, Format, BLEND_COLOR_BURN>;
+      return BlendsOf<L, Format, BLEND_COLOR_BURN>();
     default:
-      return BlendBlock<L, Format, BLEND_NORMAL>;
+      return BlendsOf<L, Format, BLEND_NORMAL>();
   }
+}
+
+template <class L, class Format>
+RowKernels FindLoopsOfDepth(const RowKernelKey& key) {
+  const BlendFns blends = FindBlends<L, Format>(key.mode);
+  return {.columns = L::kColumns,
+          .cover = FindCover<L>(key, false),
+          .coverUpright = FindCover<L>(key, true),
+          .blend = blends.block,
+          .prepareTrail = PrepareTrail<L>,
+          .coverTrail = key.roundCap ? CoverTrail<L, true> : CoverTrail<L, false>,
+          .sampleSprite = SampleSprite<L, Format>,
+          .blendSources = blends.sources};
 }
 
 template <class L>
 RowKernels FindRowLoops(const RowKernelKey& key) {
-  const BlendBlockFn blend = key.depth == PixelDepth::k8    ? FindBlendMode<L, Format8>(key.mode)
-                             : key.depth == PixelDepth::k16 ? FindBlendMode<L, Format16>(key.mode)
-                                                            : FindBlendMode<L, Format32>(key.mode);
-  return {L::kColumns, FindCover<L>(key, false), FindCover<L>(key, true), blend};
+  if (key.depth == PixelDepth::k8) return FindLoopsOfDepth<L, Format8>(key);
+  return key.depth == PixelDepth::k16 ? FindLoopsOfDepth<L, Format16>(key)
+                                      : FindLoopsOfDepth<L, Format32>(key);
+}
+
+template <class L>
+WarpRowFn FindWarpLoop(PixelDepth depth) {
+  if (depth == PixelDepth::k8) return WarpRow<L, Format8>;
+  return depth == PixelDepth::k16 ? WarpRow<L, Format16> : WarpRow<L, Format32>;
 }
 
 }  // namespace vantle

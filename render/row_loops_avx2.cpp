@@ -7,4 +7,8 @@ RowKernels FindRowKernelsAvx2(const RowKernelKey& key) {
   return FindRowLoops<LanesAvx2>(key);
 }
 
+WarpRowFn FindWarpRowAvx2(PixelDepth depth) {
+  return FindWarpLoop<LanesAvx2>(depth);
+}
+
 }  // namespace vantle

@@ -7,4 +7,8 @@ RowKernels FindRowKernelsAvx512(const RowKernelKey& key) {
   return FindRowLoops<LanesAvx512>(key);
 }
 
+WarpRowFn FindWarpRowAvx512(PixelDepth depth) {
+  return FindWarpLoop<LanesAvx512>(depth);
+}
+
 }  // namespace vantle

@@ -7,4 +7,8 @@ RowKernels FindRowKernelsSse2(const RowKernelKey& key) {
   return FindRowLoops<LanesSse2>(key);
 }
 
+WarpRowFn FindWarpRowSse2(PixelDepth depth) {
+  return FindWarpLoop<LanesSse2>(depth);
+}
+
 }  // namespace vantle

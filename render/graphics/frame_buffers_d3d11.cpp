@@ -111,9 +111,9 @@ bool FitsBuffers(const GpuFrame& frame) {
   const int64_t pixels = int64_t{p.g_width} * p.g_height;
   if (pixels > kMostPixels || pixels > kMostViewElements) return false;
   if (p.g_numParticles > kMostParticles) return false;
+  if (frame.numTileIndices > static_cast<size_t>(kMostViewElements)) return false;
   if (p.g_useTiles == 0) return true;
-  const bool tiles = p.g_tilesX > 0 && p.g_tilesY > 0 && int64_t{p.g_tilesX} * p.g_tilesY < kMostViewElements;
-  return tiles && frame.numTileIndices <= static_cast<size_t>(kMostViewElements);
+  return p.g_tilesX > 0 && p.g_tilesY > 0 && int64_t{p.g_tilesX} * p.g_tilesY < kMostViewElements;
 }
 
 bool CreateFrameBuffers(ID3D11Device* device, const GpuFrame& frame, FrameBuffers* buffers) {

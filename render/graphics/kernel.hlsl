@@ -5,6 +5,7 @@
 // The formulas take their numbers as `Real`, which is a group of pixels elsewhere.
 #define Real float
 #define Decider float
+#define Source float
 
 //@constants
 

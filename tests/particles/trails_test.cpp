@@ -51,6 +51,16 @@ TEST(Trails, AreFourSizesLongWhereThePathIs) {
   EXPECT_NEAR(trail[1].x, 100.0f - 80.0f / 24.0f, 1e-4f);
 }
 
+TEST(Trails, NeverFillTheirRoom) {
+  constexpr size_t kMost = 26;
+  static_assert(kMost < size_t{kMaxTrailPoints});
+  for (int i = 0; i <= 3000; ++i) {
+    const float transform = i <= 1000 ? static_cast<float>(i) * 3e-5f : static_cast<float>(i) / 3000.0f;
+    const ParticleList list = Travellers(transform, 500.0f);
+    for (size_t k = 0; k < list.count; ++k) ASSERT_LE(TrailOf(list, k).size(), kMost) << transform;
+  }
+}
+
 TEST(Trails, EndAtTheStartOfThePath) {
   const std::vector<Vec2> trail = TrailOf(Travellers(0.8f, 500.0f), 0);
   // Twenty-four steps; a last crumb above the limit would make one more.

@@ -22,6 +22,7 @@ float WeightOf(const Point& point, const Variation& variation) {
 
 // A float sum of more than 2^24 weights stops growing, and the lower rows of a large layer would never emit.
 void SumWeights(PointList& list, const Variation& variation, bool large) {
+  list.cumulative.reserve(list.points.size());
   float sum = 0.0f;
   double largeSum = 0.0;
   for (const Point& point : list.points) {
@@ -62,6 +63,8 @@ PointList PointsOf(const ImageView& layer, const FrameSettings& settings, const 
   const float downX = settings.downsampleX <= 0.001f ? 1.0f : settings.downsampleX;
   const float downY = settings.downsampleY <= 0.001f ? 1.0f : settings.downsampleY;
 
+  const int64_t pixels = int64_t{layer.width} * layer.height;
+  list.points.reserve(static_cast<size_t>(pixels));
   for (int32_t y = 0; y < layer.height; ++y) {
     for (int32_t x = 0; x < layer.width; ++x) {
       const size_t column = static_cast<size_t>(x) * BytesPerPixel(layer.depth);
@@ -71,7 +74,6 @@ PointList PointsOf(const ImageView& layer, const FrameSettings& settings, const 
                              (static_cast<float>(y) + offsetY) / downY, pixel.r, pixel.g, pixel.b, pixel.a});
     }
   }
-  const int64_t pixels = int64_t{layer.width} * layer.height;
   SumWeights(list, variation, pixels > (int64_t{1} << 24));
   return list;
 }

@@ -26,6 +26,12 @@ struct PointList {
   std::vector<float> cumulative;
 };
 
+/// The points of a frame, from which particles pick their start and end.
+struct Layers {
+  PointList a;
+  PointList b;
+};
+
 /// Which channel of a layer reweighs its points, and how strongly.
 struct Variation {
   float amount = 0.0f;  ///< negative inverts the channel

@@ -29,13 +29,12 @@ float LargerSide(const FrameSettings& s) {
 }
 
 // A point of a layer on its plane in the world; `depth` is -0.5..0.5 of the plane's thickness.
-Vec3 OnPlane(const Point& point, float depth, const PlaneSettings& plane, const FrameSettings& s) {
+Vec3 OnPlane(const Point& point, float depth, const PlaneSettings& plane, const Rotation& r,
+             const FrameSettings& s) {
   const float cx = CentreX(s);
   const float cy = CentreY(s);
   const float local[3] = {(point.x - cx) * plane.scale[0], (point.y - cy) * plane.scale[1],
                           depth * plane.thickness};
-  const Rotation r =
-      RotationOf(plane.rotation[0] * kRadians, plane.rotation[1] * kRadians, plane.rotation[2] * kRadians);
   const auto turned = [&](int i) {
     return r.row[i][0] * local[0] + r.row[i][1] * local[1] + r.row[i][2] * local[2];
   };
@@ -108,35 +107,50 @@ Rotation RotationOf(float x, float y, float z) {
            {-sy, cy * sx, cy * cx}}};
 }
 
-WorldParticle SimulateOne(uint32_t index, const Layers& layers, const FrameSettings& s) {
-  const ParticleKeys keys = KeysOf(s.seed, index);
+MotionFrame MotionFrameOf(const FrameSettings& s) {
+  const auto rotationOf = [](const PlaneSettings& plane) {
+    return RotationOf(plane.rotation[0] * kRadians, plane.rotation[1] * kRadians,
+                      plane.rotation[2] * kRadians);
+  };
+  const float swirl = s.swirlAngle * kRadians;
+  return {s, rotationOf(s.planeA), rotationOf(s.planeB), swirl, Sin(-swirl), Cos(-swirl)};
+}
+
+// With B alone a particle ends where it was picked and starts on a shell around it.
+Ends PickEnds(const ParticleKeys& keys, const Layers& layers) {
   const bool hasA = !layers.a.points.empty();
   const bool hasB = !layers.b.points.empty();
+  const Point* emitter = &Pick(hasA ? layers.a : layers.b, keys.emitterPick);
+  const Point* target = nullptr;
+  if (hasB) target = hasA ? &Pick(layers.b, keys.targetPick) : emitter;
+  return {emitter, target, hasA};
+}
+
+WorldParticle SimulateOne(const ParticleKeys& keys, const Ends& ends, const MotionFrame& frame) {
+  const FrameSettings& s = frame.settings;
   const float t = Clamp(s.transform, 0.0f, 1.0f);
 
-  // Choose the points. With B alone a particle ends where it was picked and starts on a shell around it.
-  const Point& emitter = Pick(hasA ? layers.a : layers.b, keys.emitterPick);
-  const Point* target = nullptr;
-  if (hasB) target = hasA ? &Pick(layers.b, keys.targetPick) : &emitter;
-
-  // Place them on the planes.
+  // Place the ends on the planes.
   Path path;
   const float depth = Unit(keys.key, kSaltThickness) - 0.5f;
-  if (hasA) path.start = OnPlane(emitter, depth, s.planeA, s);
-  if (hasB) path.end = OnPlane(*target, depth, s.planeB, s);
+  const bool hasB = ends.target != nullptr;
+  if (ends.startsOnA) path.start = OnPlane(*ends.emitter, depth, s.planeA, frame.planeA, s);
+  if (hasB) path.end = OnPlane(*ends.target, depth, s.planeB, frame.planeB, s);
   if (!hasB) path.end = Sum(path.start, Jitter(keys.key, s));
-  if (!hasA) path.start = Sum(path.end, Jitter(keys.key, s));
+  if (!ends.startsOnA) path.start = Sum(path.end, Jitter(keys.key, s));
   path.key = keys.key;
   path.centreX = CentreX(s);
   path.centreY = CentreY(s);
   path.largerSide = LargerSide(s);
-  path.swirl = s.swirlAngle * kRadians;
+  path.swirl = frame.swirl;
+  path.bentEnd = path.end;
+  if (path.swirl != 0.0f) path.bentEnd = Turned(path.end, frame.unswirlSine, frame.unswirlCosine, path);
 
-  const float p = ProgressOf(emitter, target, t, s);
+  const float p = ProgressOf(*ends.emitter, ends.target, t, s);
   WorldParticle particle;
   particle.position = PositionAt(path, p, s);
-  particle.direction = DirectionAt(path, p, s);
-  particle.color = ColorOf(emitter, target, keys.key, p, s);
+  if (s.autoOrient) particle.direction = DirectionAt(path, p, s);
+  particle.color = ColorOf(*ends.emitter, ends.target, keys.key, p, s);
   SetLooks(particle, keys.key, t, p, s);
   if (s.shape == SHAPE_CURVE_LINE || s.shape == SHAPE_CURVED_ARROW) {
     particle.trail = TrailBehind(path, p, t, particle.size, s);

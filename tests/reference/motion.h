@@ -4,17 +4,12 @@
 #include "base/vec.h"
 #include "particles/frame_settings.h"
 #include "tests/reference/layer_points.h"
+#include "tests/reference/random_streams.h"
 
 #include <cstdint>
 #include <vector>
 
 namespace vantle::reference {
-
-/// The points of a frame, from which particles pick their start and end.
-struct Layers {
-  PointList a;
-  PointList b;
-};
 
 /// One particle in the world, in full-resolution composition pixels: x right, y down, z into depth.
 struct WorldParticle {
@@ -35,7 +30,27 @@ struct Rotation {
 };
 Rotation RotationOf(float x, float y, float z);
 
-/// Simulates the particle of this index. At least one of the two lists has a point.
-WorldParticle SimulateOne(uint32_t index, const Layers& layers, const FrameSettings& settings);
+/// What is the same for every particle of a frame.
+struct MotionFrame {
+  const FrameSettings& settings;
+  Rotation planeA;
+  Rotation planeB;
+  float swirl;  ///< radians
+  float unswirlSine, unswirlCosine;
+};
+MotionFrame MotionFrameOf(const FrameSettings& settings);
+
+/// The points that a particle was dealt.
+struct Ends {
+  const Point* emitter;
+  const Point* target;  ///< null without a second layer
+  bool startsOnA;       ///< else the only layer is the second one, and a particle ends where it was picked
+};
+
+/// At least one of the two lists has a point.
+Ends PickEnds(const ParticleKeys& keys, const Layers& layers);
+
+/// Simulates one particle.
+WorldParticle SimulateOne(const ParticleKeys& keys, const Ends& ends, const MotionFrame& frame);
 
 }  // namespace vantle::reference

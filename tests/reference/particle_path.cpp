@@ -18,15 +18,6 @@ float SquaredLength(const Vec3& v) {
   return v.x * v.x + v.y * v.y + v.z * v.z;
 }
 
-// Turns x and y about the centre of the frame.
-Vec3 Turned(const Vec3& v, float angle, const Path& path) {
-  const float sine = Sin(angle);
-  const float cosine = Cos(angle);
-  const float dx = v.x - path.centreX;
-  const float dy = v.y - path.centreY;
-  return {path.centreX + cosine * dx - sine * dy, path.centreY + sine * dx + cosine * dy, v.z};
-}
-
 // Pushes the particle out in a direction of its own, or pulls it towards the centre of the frame.
 Vec3 Scattered(Vec3 v, float bell, const Path& path, float scatter) {
   if (scatter > 0.0f) {
@@ -45,16 +36,22 @@ Vec3 Scattered(Vec3 v, float bell, const Path& path, float scatter) {
 
 }  // namespace
 
+Vec3 Turned(const Vec3& v, float sine, float cosine, const Path& path) {
+  const float dx = v.x - path.centreX;
+  const float dy = v.y - path.centreY;
+  return {path.centreX + cosine * dx - sine * dy, path.centreY + sine * dx + cosine * dy, v.z};
+}
+
 Vec3 PositionAt(const Path& path, float q, const FrameSettings& s) {
-  // The end is turned back by the whole swirl, which the swirl makes good at q = 1.
   const Vec3& from = path.start;
-  const Vec3 to = path.swirl != 0.0f ? Turned(path.end, -path.swirl, path) : path.end;
+  const Vec3& to = path.bentEnd;
   Vec3 x = {from.x + (to.x - from.x) * q, from.y + (to.y - from.y) * q, from.z + (to.z - from.z) * q};
 
-  const float bell = Sin(3.14159265f * q);
+  const bool turbulent = s.turbulenceAmount > 0.001f;
+  const float bell = turbulent || s.scatter != 0.0f ? Sin(3.14159265f * q) : 0.0f;
   x = Scattered(x, bell, path, s.scatter);
-  if (path.swirl != 0.0f) x = Turned(x, path.swirl * q, path);
-  if (s.turbulenceAmount > 0.001f) {
+  if (path.swirl != 0.0f) x = Turned(x, Sin(path.swirl * q), Cos(path.swirl * q), path);
+  if (turbulent) {
     const Vec3 d = TurbulenceAt((path.start.x + path.end.x) / 2.0f, (path.start.y + path.end.y) / 2.0f, s);
     x = {x.x + bell * d.x, x.y + bell * d.y, x.z + bell * d.z};
   }

@@ -17,7 +17,11 @@ struct Path {
   float centreY = 0.0f;
   float largerSide = 0.0f;
   float swirl = 0.0f;  ///< radians
+  Vec3 bentEnd;        ///< the end, turned back by the whole swirl, which the swirl makes good on the way
 };
+
+/// Turns x and y about the centre of the frame.
+Vec3 Turned(const Vec3& v, float sine, float cosine, const Path& path);
 
 /// Position at progress q, 0..1.
 Vec3 PositionAt(const Path& path, float q, const FrameSettings& settings);

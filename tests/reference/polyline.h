@@ -25,7 +25,4 @@ float ArrowDistance(const Vec2& p, const Vec2& a, const Vec2& b, float shaftHalf
 /// The bounding box of a curve of at least one point, widened on every side.
 Region BoundsOf(const std::vector<Vec2>& curve, float margin);
 
-float CurveCoverage(const Stamp& stamp, float px, float py);
-float CurvedArrowCoverage(const Stamp& stamp, float px, float py);
-
 }  // namespace vantle::reference

@@ -27,32 +27,33 @@ void Carry(const WorldParticle& w, float k, ProjectedParticle& p) {
 // ---- Without a camera: a perspective about the centre of the frame ----
 
 // Scale of what lies at depth z.
-float SimpleScale(float z, const FrameSettings& s) {
-  if (s.viewAngle < 0.5f) return 1.0f;
-  const float side = static_cast<float>(std::max(s.fullWidth, s.fullHeight));
-  const float f = side * 0.5f / Tan(s.viewAngle * 0.008726647f);
+float SimpleScale(float z, const View& view) {
+  if (view.settings.viewAngle < 0.5f) return 1.0f;
+  const float f = view.focal;
   return f / std::max(f + z, 0.05f * f);
 }
 
-Vec2 SimpleScreen(const Vec3& v, const FrameSettings& s) {
-  const float k = SimpleScale(v.z, s);
+Vec2 SimpleScreen(const Vec3& v, const View& view) {
+  const FrameSettings& s = view.settings;
+  const float k = SimpleScale(v.z, view);
   const float cx = static_cast<float>(s.fullWidth) * 0.5f;
   const float cy = static_cast<float>(s.fullHeight) * 0.5f;
   return {(v.x - cx) * k + cx, (v.y - cy) * k + cy};
 }
 
-Particle ProjectSimply(const WorldParticle& w, const FrameSettings& s) {
+Particle ProjectSimply(const WorldParticle& w, const View& view) {
+  const FrameSettings& s = view.settings;
   Particle result;
   ProjectedParticle& p = result.projected;
-  Carry(w, SimpleScale(w.position.z, s), p);
-  const Vec2 screen = SimpleScreen(w.position, s);
+  Carry(w, SimpleScale(w.position.z, view), p);
+  const Vec2 screen = SimpleScreen(w.position, view);
   p.sx = screen.x;
   p.sy = screen.y;
   p.depth = w.position.z;
   if (s.autoOrient && w.direction.x * w.direction.x + w.direction.y * w.direction.y > 0.0001f) {
     p.rotZ = Atan2(w.direction.y, w.direction.x) * static_cast<float>(kDegrees);
   }
-  for (const Vec3& point : w.trail) result.curvePoints.push_back(SimpleScreen(point, s));
+  for (const Vec3& point : w.trail) result.curvePoints.push_back(SimpleScreen(point, view));
   return result;
 }
 
@@ -142,10 +143,15 @@ bool Visible(const ProjectedParticle& p) {
 
 }  // namespace
 
-std::optional<Particle> Project(const WorldParticle& particle, const FrameSettings& settings,
-                                const CameraData& camera) {
-  std::optional<Particle> result =
-      camera.hasCamera ? ProjectThroughCamera(particle, settings, camera) : ProjectSimply(particle, settings);
+View ViewOfFrame(const FrameSettings& s, const CameraData& camera) {
+  const float side = static_cast<float>(std::max(s.fullWidth, s.fullHeight));
+  return {s, camera, side * 0.5f / Tan(s.viewAngle * 0.008726647f)};
+}
+
+std::optional<Particle> Project(const WorldParticle& particle, const View& view) {
+  std::optional<Particle> result = view.camera.hasCamera
+                                       ? ProjectThroughCamera(particle, view.settings, view.camera)
+                                       : ProjectSimply(particle, view);
   if (result && !Visible(result->projected)) result.reset();
   return result;
 }

@@ -6,6 +6,7 @@
 #include "base/image_view.h"
 #include "particles/frame_settings.h"
 #include "particles/projected_particle.h"
+#include "tests/reference/layer_points.h"
 
 #include <vector>
 
@@ -25,6 +26,9 @@ struct Particle {
   std::vector<Vec2> curvePoints;
   int32_t index = 0;  ///< the particle's index before culling and sorting
 };
+
+/// The points of both layers; the effect's own layer stands in for an empty first one.
+Layers LayersOf(const FrameInput& frame);
 
 /// Visible particles in painter's order, scaled for preview.
 std::vector<Particle> Simulate(const FrameInput& frame);

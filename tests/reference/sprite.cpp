@@ -8,18 +8,6 @@
 namespace vantle::reference {
 namespace {
 
-// Size on the screen: the longer side spans twice the particle's size.
-struct Display {
-  float width;
-  float height;
-};
-
-Display DisplayOf(const ProjectedParticle& particle, const ImageView& sprite) {
-  const float aspect = static_cast<float>(sprite.width) / static_cast<float>(sprite.height);
-  const float d = 2.0f * particle.size;
-  return aspect < 1.0f ? Display{aspect * d, d} : Display{d, d / aspect};
-}
-
 // Adds the texel under (u, v), unscaled, its colour weighted by its alpha.
 void AddTexel(const ImageView& sprite, float u, float v, Pixel& sum) {
   const float width = static_cast<float>(sprite.width);
@@ -51,24 +39,33 @@ const ImageView* SpriteOf(const ProjectedParticle& particle, const std::vector<I
   return HasPixels(sprite) ? &sprite : nullptr;
 }
 
-Region SpriteRegion(const ProjectedParticle& p, const ImageView& sprite) {
-  const Display size = DisplayOf(p, sprite);
+SpriteStamp SpriteStampOf(const ProjectedParticle& particle, const ImageView& sprite) {
+  const float aspect = static_cast<float>(sprite.width) / static_cast<float>(sprite.height);
+  const float d = 2.0f * particle.size;
+  SpriteStamp stamp = {particle, sprite, TiltOf(particle), d, d};
+  (aspect < 1.0f ? stamp.width : stamp.height) = aspect < 1.0f ? aspect * d : d / aspect;
+  return stamp;
+}
+
+Region SpriteRegion(const SpriteStamp& stamp) {
+  const ProjectedParticle& p = stamp.particle;
   const float reach =
-      std::sqrt((size.width * size.width + size.height * size.height) * 0.25f) + p.cocRadius + 1.0f;
+      std::sqrt((stamp.width * stamp.width + stamp.height * stamp.height) * 0.25f) + p.cocRadius + 1.0f;
   return {p.sx - reach, p.sx + reach, p.sy - reach, p.sy + reach};
 }
 
-Pixel SpriteAt(const ProjectedParticle& p, const ImageView& sprite, float px, float py) {
-  const Tilt t = TiltOf(p);
-  const Display size = DisplayOf(p, sprite);
+Pixel SpriteAt(const SpriteStamp& stamp, float px, float py) {
+  const ProjectedParticle& p = stamp.particle;
+  const ImageView& sprite = stamp.sprite;
+  const Tilt& t = stamp.tilt;
   const float width = static_cast<float>(sprite.width);
   const float height = static_cast<float>(sprite.height);
 
   // Where the point lies on the sprite, in texels.
   const float dx = px - p.sx;
   const float dy = py - p.sy;
-  const float u = ((dx * t.cz + dy * t.sz) / t.cy + size.width / 2.0f) * (width / size.width);
-  const float v = ((dy * t.cz - dx * t.sz) / t.cx + size.height / 2.0f) * (height / size.height);
+  const float u = ((dx * t.cz + dy * t.sz) / t.cy + stamp.width / 2.0f) * (width / stamp.width);
+  const float v = ((dy * t.cz - dx * t.sz) / t.cx + stamp.height / 2.0f) * (height / stamp.height);
 
   // Sum one texel, or a grid of them over the blur.
   Pixel sum;
@@ -81,8 +78,8 @@ Pixel SpriteAt(const ProjectedParticle& p, const ImageView& sprite, float px, fl
       for (int j = 0; j < n; ++j) {
         const float alongX = static_cast<float>(i) * step - 1.0f;
         const float alongY = static_cast<float>(j) * step - 1.0f;
-        AddTexel(sprite, u + alongX * p.cocRadius * width / size.width,
-                 v + alongY * p.cocRadius * height / size.height, sum);
+        AddTexel(sprite, u + alongX * p.cocRadius * width / stamp.width,
+                 v + alongY * p.cocRadius * height / stamp.height, sum);
       }
     }
   }

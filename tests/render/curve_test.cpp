@@ -158,5 +158,32 @@ TEST(Curve, BlursAsWideAsTheWorldEqualTheDefinition) {
   }
 }
 
+// The rows of curves are looked up some tens of thousands at a time.
+TEST(Curve, MoreOfThemThanAreLookedUpAtOnceEqualTheDefinition) {
+  constexpr size_t kCount = 33000;
+  std::mt19937 random(5);
+  std::uniform_real_distribution<float> across(-4.0f, 154.0f), step(-3.0f, 3.0f);
+  Scene scene = MakeScene(SHAPE_CURVE_LINE, BLEND_NORMAL, {});
+  scene.trails.counts.Reset(kCount);
+  scene.trails.points.Reset(kCount * static_cast<size_t>(kMaxTrailPoints));
+  for (uint32_t i = 0; i < kCount; ++i) {
+    ProjectedParticle p = MakeParticle(across(random), across(random), 1.0f);
+    p.lineWidth = 1.0f;
+    p.r = step(random);
+    p.alpha = 0.4f;
+    p.curvePoints = i;
+    scene.particles.push_back(p);
+    scene.trails.counts[i] = 2;
+    Vec2* points = scene.trails.points.data() + size_t{i} * static_cast<size_t>(kMaxTrailPoints);
+    points[0] = {p.sx, p.sy};
+    points[1] = {p.sx + step(random), p.sy + step(random)};
+  }
+  const Canvas plain(150, 150, PixelDepth::k32);
+  const Canvas fast(150, 150, PixelDepth::k32);
+  DrawPlainly(scene, plain);
+  Draw(scene, fast);
+  EXPECT_EQ(fast.Rows(), plain.Rows());
+}
+
 }  // namespace
 }  // namespace vantle::test

@@ -62,7 +62,7 @@ class ThreadCount {
   }
 
  private:
-  int saved_ = 1;
+  [[maybe_unused]] int saved_ = 1;
 };
 
 TEST(Rasteriser, EqualsThePlainOneForEveryShapeModeDepthAndLevel) {

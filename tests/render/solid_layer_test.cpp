@@ -2,6 +2,7 @@
 
 #include "render/solid_layer.h"
 
+#include "render/transfer.h"
 #include "tests/render/canvas.h"
 
 #include <algorithm>
@@ -272,6 +273,92 @@ TEST(SolidLayer, SurvivesMapsAndTexelsThatAreNoNumbers) {
     DrawSolidLayer(output.image(), layer.view(), p, 1.0f);
     ASSERT_TRUE(output.GuardsIntact());
   }
+}
+
+/// The layer at one output pixel by the definition; alpha 0 beside it.
+FloatPixel PlainSample(const Canvas& layer, const SolidPlacement& p, int32_t x, int32_t y) {
+  const double* m = p.toLayer;
+  const double size[2] = {static_cast<double>(layer.image().width),
+                          static_cast<double>(layer.image().height)};
+  const double w = m[6] * x + m[7] * y + m[8];
+  double at[2] = {(m[0] * x + m[1] * y + m[2]) / w, (m[3] * x + m[4] * y + m[5]) / w};
+  for (int a = 0; a < 2; ++a) {
+    if (std::fabs(at[a]) <= 1e-9) at[a] = 0.0;
+    if (std::fabs(at[a] - size[a]) <= 1e-9) at[a] = size[a];
+    if (!(at[a] >= 0.0 && at[a] < size[a])) return {};
+  }
+  const int32_t u = static_cast<int32_t>(at[0]), v = static_cast<int32_t>(at[1]);
+  const float fx = static_cast<float>(at[0] - u), fy = static_cast<float>(at[1] - v);
+  const int32_t right = std::min(u + 1, layer.image().width - 1);
+  const int32_t below = std::min(v + 1, layer.image().height - 1);
+  const FloatPixel texels[4] = {layer.Pixel(u, v), layer.Pixel(u, below), layer.Pixel(right, v),
+                                layer.Pixel(right, below)};
+  const float weights[4] = {(1.0f - fx) * (1.0f - fy), (1.0f - fx) * fy, fx * (1.0f - fy), fx * fy};
+  FloatPixel sum;
+  for (int i = 0; i < 4; ++i) {
+    const float a = weights[i] * texels[i].a;
+    sum.a += a;
+    sum.r += a * texels[i].r;
+    sum.g += a * texels[i].g;
+    sum.b += a * texels[i].b;
+  }
+  if (!(sum.a > 0.0f)) return {};
+  return {sum.a, sum.r / sum.a, sum.g / sum.a, sum.b / sum.a};
+}
+
+void DrawPlainSolid(const Canvas& output, const Canvas& layer, const SolidPlacement& p, float opacity) {
+  for (int32_t y = p.y0; y <= p.y1; ++y) {
+    for (int32_t x = p.x0; x <= p.x1; ++x) {
+      const FloatPixel s = PlainSample(layer, p, x, y);
+      if (!(s.a * opacity >= 0.001f)) continue;
+      FloatPixel d = output.Pixel(x, y);
+      kernel::blendPixel(s.r, s.g, s.b, s.a * opacity, d.r, d.g, d.b, d.a, BLEND_NORMAL);
+      output.Set(x, y, d);
+    }
+  }
+}
+
+/// A map that turns, scales, moves and, every other time, narrows towards a vanishing line.
+SolidPlacement RandomPlacement(std::mt19937* random, const Canvas& output) {
+  std::uniform_real_distribution<double> unit(-1.0, 1.0);
+  const int32_t width = output.image().width, height = output.image().height;
+  const bool perspective = (*random)() % 2 == 0;
+  SolidPlacement p{{unit(*random) * 2, unit(*random), unit(*random) * 20, unit(*random), unit(*random) * 2,
+                    unit(*random) * 20, perspective ? unit(*random) * 0.02 : 0.0,
+                    perspective ? unit(*random) * 0.02 : 0.0, 1.0},
+                   0,
+                   width - 1,
+                   0,
+                   height - 1};
+  p.x0 = static_cast<int32_t>((*random)() % static_cast<uint32_t>(width));
+  p.y1 = static_cast<int32_t>((*random)() % static_cast<uint32_t>(height));
+  if ((*random)() % 4 == 0) p.toLayer[0] = p.toLayer[4] = 1.0, p.toLayer[1] = p.toLayer[3] = 0.0;
+  return p;
+}
+
+TEST(SolidLayer, EqualsTheDefinitionAtEveryLevel) {
+  std::mt19937 random(77);
+  for (int round = 0; round < 400; ++round) {
+    const PixelDepth depth = kDepths[round % 3];
+    const int32_t width = 1 + static_cast<int32_t>(random() % 70);
+    const Canvas layer(1 + round % 41, 1 + round % 29, depth, {.padding = 3, .offset = 1});
+    const Canvas plain(width, 21, depth);
+    FillAtRandom(layer, true, static_cast<uint32_t>(random()));
+    const SolidPlacement place = RandomPlacement(&random, plain);
+    const float opacity = round % 4 == 0 ? 1.0f : 0.3f;
+    const uint32_t under = static_cast<uint32_t>(random());
+    FillAtRandom(plain, true, under);
+    DrawPlainSolid(plain, layer, place, opacity);
+    for (const InstructionLevel level : Levels()) {
+      const Canvas fast(width, 21, depth, {.padding = 5, .offset = 3});
+      FillAtRandom(fast, true, under);
+      SetInstructionLevel(level);
+      DrawSolidLayer(fast.image(), layer.view(), place, opacity);
+      ASSERT_EQ(fast.Rows(), plain.Rows()) << "round " << round << ", level " << static_cast<int>(level);
+      ASSERT_TRUE(fast.GuardsIntact());
+    }
+  }
+  SetInstructionLevel(BestInstructionLevel());
 }
 
 #ifndef VANTLE_STD_THREADS
