@@ -44,16 +44,17 @@ ProjectedParticle RandomParticle(std::mt19937* random, float size) {
   return p;
 }
 
-/// A trail of 33 points that winds over about four sizes.
+/// A trail of 25 points that winds over about four sizes.
 void AddTrail(std::mt19937* random, uint32_t slot, const ProjectedParticle& p, CurvePointPool* pool) {
   float angle = Uniform(random, 0.0f, 6.28f);
   const float turn = Uniform(random, -0.2f, 0.2f);
   Vec2 at{p.sx, p.sy};
-  pool->counts[slot] = 33;
-  for (size_t i = 0; i < 33; ++i) {
+  constexpr uint8_t kPoints = 25;
+  pool->counts[slot] = kPoints;
+  for (size_t i = 0; i < kPoints; ++i) {
     pool->points[slot * static_cast<size_t>(kMaxTrailPoints) + i] = at;
-    at.x += std::cos(angle) * p.size * 0.125f;
-    at.y += std::sin(angle) * p.size * 0.125f;
+    at.x += std::cos(angle) * p.size * 0.1667f;
+    at.y += std::sin(angle) * p.size * 0.1667f;
     angle += turn;
   }
 }

@@ -8,6 +8,7 @@
 #include "render/solid_layer.h"
 #include "shell/camera_reader.h"
 #include "shell/command_handlers.h"
+#include "shell/frame_threads.h"
 #include "shell/layer_checkout.h"
 #include "shell/parameter_ids.h"
 #include "shell/pixel_format.h"
@@ -61,6 +62,7 @@ void DrawSolids(const PF_InData& in_data, const FrameSettings& settings, const C
 PF_Err RenderFrame(const PF_InData* in_data, PF_ParamDef* const* params, const PF_LayerDef* output) {
   if (in_data == nullptr || output == nullptr) return PF_Err_NONE;
   const ScopedFloatingEnvironment environment;
+  const ScopedFrameThreads threads;
 
   // Read the frame's parameters, clock and sizes.
   const FrameSettings settings = ReadFrameSettings(*in_data, params, *output);

@@ -1,3 +1,5 @@
+#include "base/compiler.h"
+#include "host/cli/bench_concurrent.h"
 #include "host/cli/bench_scene.h"
 #include "host/cli/bench_stages.h"
 #include "host/cli/commands.h"
@@ -40,16 +42,6 @@ double Least(const std::vector<double>& values) {
   return *std::min_element(values.begin(), values.end());
 }
 
-double RenderOnce(host::EffectInstance& effect, const BenchScene& scene, host::World* world) {
-  const host::FrameResult result = host::RenderFrame(effect, scene.request, world);
-  if (!host::Succeeded(result))
-    throw io::Failure(io::kEffectError,
-                      "the " + scene.name + " frame failed at " +
-                          DescribeError(result.failedCommand, result.error,
-                                        result.problems.empty() ? result.message : result.problems[0]));
-  return result.milliseconds;
-}
-
 void SaveImage(const std::string& folder, const BenchScene& scene, const host::World& world) {
   const std::string file = folder + "/" + scene.name + ".png";
   io::CreateFoldersFor(file);
@@ -88,12 +80,15 @@ double Sum(const std::vector<std::pair<std::string, double>>& stages) {
   return sum;
 }
 
-io::Json AsJson(const BenchResult& result, const std::vector<BenchScene>& scenes, int rounds) {
+io::Json MachineAsJson() {
+  return {{"processor", ProcessorName()}, {"threads", MachineThreads()}, {"memory_bytes", MachineMemory()},
+          {"system", SystemName()},       {"compiler", CompilerName()},  {"version", VANTLE_VERSION}};
+}
+
+io::Json AsJson(const BenchResult& result, const std::vector<BenchScene>& scenes) {
   io::Json report;
-  report["machine"] = {{"processor", ProcessorName()},    {"threads", MachineThreads()},
-                       {"memory_bytes", MachineMemory()}, {"system", SystemName()},
-                       {"compiler", __VERSION__},         {"version", VANTLE_VERSION}};
-  report["rounds"] = rounds;
+  report["machine"] = MachineAsJson();
+  report["rounds"] = result.cases[0].milliseconds.size();
   report["frames"] = io::Json::array();
   for (const BenchCase& entry : result.cases)
     report["frames"].push_back({{"frame", entry.scene->name},
@@ -131,7 +126,60 @@ void PrintTable(const BenchResult& result, const std::vector<BenchScene>& scenes
   }
 }
 
+io::Json AsJson(const std::vector<ConcurrentCase>& cases) {
+  io::Json report;
+  report["machine"] = MachineAsJson();
+  report["concurrent"] = io::Json::array();
+  for (const ConcurrentCase& entry : cases)
+    report["concurrent"].push_back({{"frame", entry.frame},
+                                    {"at_once", entry.framesAtOnce},
+                                    {"loop_threads", entry.loopThreads},
+                                    {"frames_per_second", Median(entry.framesPerSecond)},
+                                    {"frame_ms", Median(entry.milliseconds)}});
+  return report;
+}
+
+void PrintTable(const std::vector<ConcurrentCase>& cases) {
+  std::printf("frame      at once   loop threads   frames a second   ms a frame   (medians)\n");
+  for (const ConcurrentCase& entry : cases)
+    std::printf("%-10s %7d %14d %17.1f %12.2f\n", entry.frame.c_str(), entry.framesAtOnce, entry.loopThreads,
+                Median(entry.framesPerSecond), Median(entry.milliseconds));
+}
+
+template <class... Figures>
+void Show(const Arguments& arguments, const Figures&... figures) {
+  if (Has(arguments, "json"))
+    std::printf("%s\n", AsJson(figures...).dump(2).c_str());
+  else
+    PrintTable(figures...);
+}
+
+/// The measurement that was asked for, and its figures printed.
+void MeasureAndShow(host::EffectInstance& effect, const Arguments& arguments) {
+  const int threads = IntegerOf(arguments, "threads", MachineThreads(), 1, 1024);
+  const std::vector<BenchScene> scenes = MakeBenchScenes(effect);
+  if (Has(arguments, "concurrent")) {
+    const int rounds = IntegerOf(arguments, "rounds", Has(arguments, "quick") ? 2 : 9, 1, 100000);
+    const int atOnce = IntegerOf(arguments, "concurrent", 4, 2, 64);
+    const std::vector<BenchScene> yardsticks(scenes.begin(), scenes.begin() + 2);
+    Show(arguments, MeasureConcurrent(effect, yardsticks, atOnce, threads, rounds));
+    return;
+  }
+  const int rounds = IntegerOf(arguments, "rounds", Has(arguments, "quick") ? 5 : 25, 1, 100000);
+  Show(arguments, Measure(effect, scenes, threads, rounds, ValueOf(arguments, "save-images")), scenes);
+}
+
 }  // namespace
+
+double RenderOnce(host::EffectInstance& effect, const BenchScene& scene, host::World* world) {
+  const host::FrameResult result = host::RenderFrame(effect, scene.request, world);
+  if (!host::Succeeded(result))
+    throw io::Failure(io::kEffectError,
+                      "the " + scene.name + " frame failed at " +
+                          DescribeError(result.failedCommand, result.error,
+                                        result.problems.empty() ? result.message : result.problems[0]));
+  return result.milliseconds;
+}
 
 const Command& BenchCommand() {
   static const Command command = [] {
@@ -148,6 +196,8 @@ const Command& BenchCommand() {
           "rounds over which the least and the median are taken\n"
           "(default: 25; 5 with --quick)"},
          {nullptr, "threads", "N", "Measuring", "what \"all\" means (default: all of the machine's)"},
+         {nullptr, "concurrent", "N", "Measuring",
+          "render N frames at once instead, against one after the other"},
          {nullptr, "save-images", "FOLDER", "Output", "write the frames that were measured"},
          {nullptr, "json", nullptr, "Output", "print JSON instead of a table"}}};
     for (const Option& option : ModuleOptions()) made.options.push_back(option);
@@ -158,23 +208,14 @@ const Command& BenchCommand() {
 }
 
 int RunBench(const Arguments& arguments) {
-  const int rounds = IntegerOf(arguments, "rounds", Has(arguments, "quick") ? 5 : 25, 1, 100000);
-  const int threads = IntegerOf(arguments, "threads", MachineThreads(), 1, 1024);
   const std::unique_ptr<host::EffectInstance> effect = OpenSession(arguments);
-  BenchResult result;
-  std::vector<BenchScene> scenes;
   try {
-    scenes = MakeBenchScenes(*effect);
-    result = Measure(*effect, scenes, threads, rounds, ValueOf(arguments, "save-images"));
+    MeasureAndShow(*effect, arguments);
   } catch (...) {
     host::CloseEffect(*effect);
     throw;
   }
   CloseSession(*effect);
-  if (Has(arguments, "json"))
-    std::printf("%s\n", AsJson(result, scenes, rounds).dump(2).c_str());
-  else
-    PrintTable(result, scenes);
   return 0;
 }
 

@@ -10,18 +10,22 @@ namespace {
 constexpr int kWidth = 1920;
 constexpr int kHeight = 1080;
 
+constexpr A_long kCurveLine = 6, kCurvedArrow = 8, kLayerShape = 9;  // as the popup "Shape" counts
+constexpr int kCustomLayer = 33;
+constexpr double kEyeDistance = 1500.0;
+
 // An opaque picture with soft bands and fine grain, so that neighbouring pixels differ.
-std::shared_ptr<const host::World> MakeLayer(uint32_t seed) {
-  auto world = std::make_shared<host::World>(host::MakeWorld(kWidth, kHeight, 8));
+std::shared_ptr<const host::World> MakeLayer(uint32_t seed, int width = kWidth, int height = kHeight) {
+  auto world = std::make_shared<host::World>(host::MakeWorld(width, height, 8));
   uint32_t state = seed;
-  for (int y = 0; y < kHeight; ++y) {
+  for (int y = 0; y < height; ++y) {
     std::uint8_t* row = host::WorldRow(*world, y);
-    for (int x = 0; x < kWidth; ++x, row += 4) {
+    for (int x = 0; x < width; ++x, row += 4) {
       state = state * 1664525u + 1013904223u;
       const uint32_t grain = state >> 28;
       row[0] = 255;
-      row[1] = static_cast<std::uint8_t>(static_cast<uint32_t>(x) * 239 / kWidth + grain);
-      row[2] = static_cast<std::uint8_t>(static_cast<uint32_t>(y) * 239 / kHeight + grain);
+      row[1] = static_cast<std::uint8_t>(static_cast<uint32_t>(x * 239 / width) + grain);
+      row[2] = static_cast<std::uint8_t>(static_cast<uint32_t>(y * 239 / height) + grain);
       row[3] = static_cast<std::uint8_t>((static_cast<uint32_t>(x + y) * seed >> 2 & 127) + grain);
     }
   }
@@ -72,10 +76,60 @@ host::FrameRequest MakeRequest(const host::EffectInstance& effect, const BenchSc
   request.time = {30, 1, 30, 60};
   request.input = scene.layerA;
   host::LayerTable table;
-  table.layers = {{2, scene.layerA}, {3, scene.layerB}};
+  table.layers = {{2, scene.layerA}, {3, scene.layerB}, {kCustomLayer, scene.sprite}};
   request.layers = host::LayersOf(effect, table, scene.layerA);
   request.values[4] = 50.0;  // Transform
+  if (scene.sprite != nullptr) request.sourceDurations[kCustomLayer] = {1, 30};
   return request;
+}
+
+BenchScene WithShape(const BenchScene& base, const char* name, const char* title, A_long choice, float size) {
+  BenchScene scene = base;
+  scene.name = name;
+  scene.title = title;
+  scene.request.values[26] = static_cast<double>(size);  // Size
+  scene.request.values[29] = choice;                     // Shape
+  scene.settings.size = size;
+  scene.settings.shape = choice + 1;
+  return scene;
+}
+
+BenchScene WithSprites(const host::EffectInstance& effect, const BenchScene& base, const char* name,
+                       const char* title) {
+  BenchScene scene = WithShape(base, name, title, kLayerShape, 10.0f);
+  scene.sprite = MakeLayer(5, 64, 64);
+  const std::map<int, host::ParamValue> values = scene.request.values;
+  scene.request = MakeRequest(effect, scene);
+  scene.request.values = values;
+  return scene;
+}
+
+// A camera straight before the frame whose focus is so near that particles blur by some three pixels.
+void PutOutOfFocus(BenchScene* scene) {
+  constexpr double kFocus = 1000.0, kAperture = 12.0;
+  host::FrameCamera& camera = scene->request.camera.emplace();
+  for (int i = 0; i < 4; ++i) camera.matrix.mat[i][i] = 1.0;
+  camera.matrix.mat[3][0] = kWidth / 2.0;
+  camera.matrix.mat[3][1] = kHeight / 2.0;
+  camera.matrix.mat[3][2] = -kEyeDistance;
+  camera.distance = camera.zoom = kEyeDistance;
+  camera.planeWidth = kWidth;
+  camera.planeHeight = kHeight;
+  camera.depthOfField = true;
+  camera.focusDistance = kFocus;
+  camera.aperture = kAperture;
+  scene->request.values[64] = A_long{1};  // Depth of Field
+
+  CameraData& seen = scene->camera;
+  seen.hasCamera = seen.cameraDepthOfField = scene->settings.depthOfField = true;
+  seen.viewMatrix[12] = -kWidth / 2.0;
+  seen.viewMatrix[13] = -kHeight / 2.0;
+  seen.viewMatrix[14] = seen.imagePlaneDistance = kEyeDistance;
+  seen.cameraCentre[0] = kWidth / 2.0f;
+  seen.cameraCentre[1] = kHeight / 2.0f;
+  seen.focusDistance = static_cast<float>(kFocus);
+  seen.aperture = static_cast<float>(kAperture);
+  seen.zoom = static_cast<float>(kEyeDistance);
 }
 
 }  // namespace
@@ -83,7 +137,8 @@ host::FrameRequest MakeRequest(const host::EffectInstance& effect, const BenchSc
 std::vector<BenchScene> MakeBenchScenes(const host::EffectInstance& effect) {
   BenchScene base{"default",    "default frame: 20,000 soft circles of size 4",
                   {},           DefaultSettings(),
-                  MakeLayer(3), MakeLayer(7)};
+                  MakeLayer(3), MakeLayer(7),
+                  nullptr,      {}};
   base.request = MakeRequest(effect, base);
 
   BenchScene heavy = base;
@@ -98,7 +153,15 @@ std::vector<BenchScene> MakeBenchScenes(const host::EffectInstance& effect) {
   heavy.settings.size = 10.0f;
   heavy.settings.shape = SHAPE_CIRCLE;
   heavy.settings.turbulenceAmount = 0.1f;
-  return {base, heavy};
+
+  const BenchScene curves = WithShape(base, "curves", "20,000 curve lines of size 6", kCurveLine, 6.0f);
+  const BenchScene arrows = WithShape(base, "arrows", "20,000 curved arrows of size 6", kCurvedArrow, 6.0f);
+  const BenchScene sprites = WithSprites(effect, base, "sprites", "20,000 sprites of size 10");
+  BenchScene blurred = sprites;
+  blurred.name = "blurred-sprites";
+  blurred.title = "20,000 sprites of size 10, out of focus by about 3 pixels";
+  PutOutOfFocus(&blurred);
+  return {base, heavy, curves, arrows, sprites, blurred};
 }
 
 }  // namespace vantle::cli

@@ -27,15 +27,17 @@ std::vector<std::pair<std::string, double>> TimeStages(const BenchScene& scene, 
   const MutableImage output{reinterpret_cast<std::byte*>(host::WorldRow(world, 0)), world.rowBytes,
                             world.width, world.height, PixelDepth::k8};
   const ImageView a = scene::ViewOf(*scene.layerA), b = scene::ViewOf(*scene.layerB);
+  const ImageView sprite = scene.sprite != nullptr ? scene::ViewOf(*scene.sprite) : ImageView{};
   for (int round = 0; round < rounds; ++round) {
     Emission emission;
     ParticleList list;
     const double times[4] = {
         Milliseconds([&] { emission = BuildEmission(a, b, a, scene.settings); }),
-        Milliseconds([&] { list = SimulateParticles(emission, scene.settings, CameraData{}); }),
+        Milliseconds([&] { list = SimulateParticles(emission, scene.settings, scene.camera); }),
         Milliseconds([&] { SortBackToFront(&list); }), Milliseconds([&] {
+          for (size_t i = 0; i < list.count; ++i) list.particles[i].spriteFrame = 0;
           RenderParticlesCpu(output, list.particles.data(), list.count, list.curvePoints, scene.settings,
-                             nullptr, 0);
+                             &sprite, 1);
         })};
     for (size_t i = 0; i < 4; ++i) stages[i].second = std::min(stages[i].second, times[i]);
   }
