@@ -28,15 +28,26 @@ licences=(
   "stb" libstb-dev
   "NSIS (the installer)" nsis-common
 )
+commonLicences=(GPL-2 GPL-3 LGPL-2 LGPL-2.1 CC0-1.0)
 
+licenceRoot=${LICENCE_ROOT:-/usr/share}
+
+# Where a licence says that its text stands among Debian's common ones, that text comes along; users have no Debian.
 CopyLicences() {
-  local i file
+  local i file common
   mkdir -p "$stage/LICENSES"
   for ((i = 0; i < ${#licences[@]}; i += 2)); do
-    file=${LICENCE_ROOT:-/usr/share/doc}/${licences[i + 1]}/copyright
+    file=$licenceRoot/doc/${licences[i + 1]}/copyright
     [[ -s $file ]] || Refuse "the licence of ${licences[i]} is missing: $file"
     { printf '%s\n\n' "${licences[i]}" && cat "$file"; } >"$stage/LICENSES/${licences[i + 1]}.txt"
   done
+  for common in "${commonLicences[@]}"; do
+    file=$licenceRoot/common-licenses/$common
+    [[ -s $file ]] || Refuse "the licence $common is missing: $file"
+    cp "$file" "$stage/LICENSES/$common.txt"
+  done
+  grep -q 'GCC RUNTIME LIBRARY EXCEPTION' "$stage/LICENSES/gcc-mingw-w64-base.txt" ||
+    Refuse "the compiler's licence lacks the exception for its runtime libraries"
 }
 
 # Paths of this machine tell users nothing and make two builds differ.
@@ -47,9 +58,13 @@ CheckPaths() {
 }
 
 CheckTables() {
-  cmake -DOBJDUMP="$(command -v x86_64-w64-mingw32-objdump)" -DLIBRARY="$build/bin/Vantle.aex" \
-    -DPROGRAM="$build/bin/vantle.exe" -P "$root/tests/windows/check_tables.cmake" 2>&1 ||
-    Refuse "imports or exports are not as they must be"
+  local tables
+  if ! tables=$(cmake -DOBJDUMP="$(command -v x86_64-w64-mingw32-objdump)" -DLIBRARY="$build/bin/Vantle.aex" \
+    -DPROGRAM="$build/bin/vantle.exe" -P "$root/tests/windows/check_tables.cmake" 2>&1); then
+    printf '%s\n' "$tables" >&2
+    Refuse "$(sed -n 's/^refused: //p' <<<"$tables")"
+  fi
+  printf '%s\n' "$tables"
 }
 
 [[ -f $build/bin/Vantle.aex && -f $build/bin/vantle.exe ]] || Refuse "$build holds no Windows build"

@@ -11,6 +11,7 @@ ShowUninstDetails nevershow
 InstallDir ""
 
 !include "LogicLib.nsh"
+!include "WordFunc.nsh"
 !include "x64.nsh"
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Vantle"
@@ -21,18 +22,23 @@ Page instfiles
 UninstPage uninstConfirm
 UninstPage instfiles
 
-; Every version of the host writes where all of them look for plug-ins; the newest that says so is asked.
+; Every version of the host writes where all of them look for plug-ins; the newest that says so is asked. Versions
+; compare as numbers, in the registry they are sorted as texts.
 Function FindCommonFolder
   StrCpy $1 0
   StrCpy $3 ""
+  StrCpy $4 "0"
   ${Do}
     EnumRegKey $0 HKLM "${HOSTS_KEY}" $1
     ${If} $0 == ""
       ${ExitDo}
     ${EndIf}
     ReadRegStr $2 HKLM "${HOSTS_KEY}\$0" "CommonPluginInstallPath"
+    ${VersionCompare} $0 $4 $5
     ${If} $2 != ""
+    ${AndIf} $5 == 1
       StrCpy $3 $2
+      StrCpy $4 $0
     ${EndIf}
     IntOp $1 $1 + 1
   ${Loop}

@@ -4,12 +4,13 @@ buildPackages=(g++ cmake ninja-build pkg-config libgtest-dev libbenchmark-dev li
   nlohmann-json3-dev duktape-dev)
 kernelPackages=(glslang-tools spirv-tools libvulkan-dev mesa-vulkan-drivers)
 filmPackages=(ffmpeg)
-clangPackages=(clang libomp-14-dev)
+clangPackages=(clang libomp-14-dev libclang-rt-dev)
 lintPackages=(clang-tidy)
 formatPackages=(clang-format)
 windowsPackages=(g++-mingw-w64-x86-64-posix libstb-dev googletest)
 winePackages=(wine64 xvfb xauth libgl1 libglx-mesa0 libgl1-mesa-dri)
 packagePackages=(nsis zip unzip)
+fetchPackages=(nodejs npm)
 
 IsInstalled() { [[ $(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]; }
 

@@ -5,8 +5,10 @@ set -euo pipefail
 root=$(dirname "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")")
 export WINEPREFIX=${WINEPREFIX:-$root/build/wine}
 export WINEDEBUG=${WINEDEBUG:--all} WINEARCH=win64
-# No helper windows, no desktop entries, no download of run-time packages.
-export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-'mscoree,mshtml=;winemenubuilder.exe=;d3dcompiler_47=n,b'}
+# No helper windows, no desktop entries, no download of run-time packages, and no debugger: it would end a program whose
+# second thread crashes with exit code 0. WINE_WITHOUT=LIBRARY plays a system that lacks a library.
+overrides="mscoree,mshtml=;winemenubuilder.exe=;winedbg.exe=;d3d11,d3dcompiler_47=n,b${WINE_WITHOUT:+;$WINE_WITHOUT=}"
+export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-$overrides}
 
 wine=$(command -v wine64 || command -v wine || true)
 [[ -n $wine ]] || wine=/usr/lib/wine/wine64

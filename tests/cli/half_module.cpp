@@ -1,4 +1,6 @@
 // A library that exports only one of the two entry points.
-extern "C" __attribute__((visibility("default"))) int EffectMain() {
+#include "base/compiler.h"
+
+extern "C" VANTLE_EXPORT int EffectMain() {
   return 0;
 }

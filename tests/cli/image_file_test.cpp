@@ -2,6 +2,7 @@
 
 #include "host/io/codes.h"
 #include "tests/cli/scratch.h"
+#include "tests/cli/tiny_jpeg.h"
 #include "tests/cli/tiny_png.h"
 
 #include <OpenImageIO/imageio.h>
@@ -185,6 +186,14 @@ TEST(ImageFile, JpegIsOpaqueAndNear) {
   EXPECT_NEAR(pixel[1], 200, 3);
   EXPECT_NEAR(pixel[2], 100, 3);
   EXPECT_NEAR(pixel[3], 50, 3);
+}
+
+TEST(ImageFile, AFlatJpegIsExact) {
+  const Scratch scratch;
+  const Picture picture = ReadPicture(scratch.Write("x.jpg", test::TinyJpeg()), PixelDepth::k8);
+  ASSERT_EQ(picture.width, 8);
+  for (size_t i = 0; i < picture.pixels.size(); ++i)
+    EXPECT_EQ(std::to_integer<int>(picture.pixels[i]), i % 4 == 0 ? 255 : 200) << i;
 }
 
 TEST(ImageFile, ImpossibleSizesAreRefusedBeforeReading) {

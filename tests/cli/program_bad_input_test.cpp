@@ -148,51 +148,5 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{{"sheet", "a.png", "-o", "old.0.png"}, 6, "old.0.png: exists already"},
         Mistake{{"sheet", "a.png", "-o", "/proc/no/s.png"}, 6, "/proc/no: cannot be written"}));
 
-TEST(FullDisk, EndsWithOneLineAndLeavesNothingHalfWritten) {
-  const Scratch scratch;
-  test::MakePictures(scratch);
-  const ProgramRun run = RunProgram(scratch,
-                                    {"render", "--a", "a.png", "--b", "b.png", "-o", kOut, "--frames", "0-9",
-                                     "--size", "400x400", "--quiet"},
-                                    2000);
-  EXPECT_EQ(run.code, 6) << run.errors;
-  EXPECT_NE(run.errors.find("cannot be written, File too large: free some space"), std::string::npos)
-      << run.errors;
-  EXPECT_EQ(test::FilesInOut(scratch), 0u);
-}
-
-TEST(FullDisk, FramesWrittenBeforeStay) {
-  const Scratch scratch;
-  test::MakePictures(scratch);
-  scratch.Write("scene.json", R"({"composition":{"width":300,"height":300,"frame_rate":30,"frames":10},
-    "layers":[{"name":"x","file":"a.png"}],"effect":{"layer":"x","a":"x","parameters":{"Density":{"keyframes":[
-    {"frame":0,"value":100,"hold":true},{"frame":3,"value":200000}]},"Scatter":200,"Opacity":{"keyframes":[
-    {"frame":0,"value":0,"hold":true},{"frame":3,"value":100}]}}}})");
-  const ProgramRun run =
-      RunProgram(scratch, {"render", "scene.json", "-o", kOut, "--threads", "1", "--quiet"}, 4000);
-  EXPECT_EQ(run.code, 1) << run.errors;
-  EXPECT_EQ(test::FilesInOut(scratch), 3u);
-}
-
-TEST(Interrupt, EndsTheRunningFramesAndLeavesWholeOnes) {
-  const Scratch scratch;
-  test::MakePictures(scratch);
-  const std::vector<std::string> words = {"render", "--a", "a.png",    "--b",   "b.png",
-                                          "-o",     kOut,  "--frames", "0-4999"};
-  const pid_t child = test::StartProgram(scratch.folder.string(), words);
-  for (int wait = 0; wait < 60000 && test::FilesInOut(scratch) < 3; ++wait) usleep(1000);
-  kill(child, SIGINT);
-  const ProgramRun run = test::EndProgram(scratch.folder.string(), child);
-  EXPECT_EQ(run.code, 130) << run.errors;
-  EXPECT_NE(run.errors.find("--resume"), std::string::npos);
-  const size_t frames = test::FilesInOut(scratch);
-  EXPECT_GE(frames, 3u);
-  EXPECT_LT(frames, 5000u);
-  for (const auto& entry : std::filesystem::directory_iterator(scratch.folder / "out")) {
-    EXPECT_EQ(entry.path().extension(), ".png") << entry.path();
-    EXPECT_EQ(io::ReadPicture(entry.path().string(), PixelDepth::k8).width, 40);
-  }
-}
-
 }  // namespace
 }  // namespace vantle

@@ -124,15 +124,5 @@ TEST(Help, IsPrintedForTheProgramAndEveryCommand) {
   EXPECT_EQ(RunProgram(scratch, {"--version"}).output.rfind("vantle 1.", 0), 0u);
 }
 
-TEST(Output, AFullStandardOutputIsReported) {
-  const Scratch scratch;
-  const std::string command =
-      std::string(VANTLE_PROGRAM) + " info --json > /dev/full 2> " + scratch.Path("e.txt");
-  const int status = std::system(command.c_str());
-  EXPECT_EQ(WEXITSTATUS(status), 6);
-  EXPECT_NE(test::ReadText(scratch.Path("e.txt")).find("standard output cannot be written"),
-            std::string::npos);
-}
-
 }  // namespace
 }  // namespace vantle

@@ -3,55 +3,37 @@
 
 #include "tests/cli/scratch.h"
 
-#include <csignal>
-#include <fcntl.h>
+#include <algorithm>
 #include <string>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
+
+#if defined(_WIN32)
+#include "tests/cli/start_program_win32.h"
+#else
+#include "tests/cli/start_program_posix.h"
+#endif
 
 namespace vantle::test {
 
 struct ProgramRun {
-  int code = -1;  ///< exit code; -1 when a signal ended the program
+  int code = -1;  ///< exit code; -1 when the program did not end by itself
   std::string output;
   std::string errors;
 };
 
-/// Starts the program in `folder`, its output going to out.txt and err.txt there. `fileLimit` above 0 is the
-/// size in bytes that no file may grow beyond.
-inline pid_t StartProgram(const std::string& folder, const std::vector<std::string>& words,
-                          rlim_t fileLimit = 0) {
-  std::vector<std::string> all = {VANTLE_PROGRAM};
-  all.insert(all.end(), words.begin(), words.end());
-  std::vector<char*> argv;
-  for (std::string& word : all) argv.push_back(word.data());
-  argv.push_back(nullptr);
-  const std::string out = folder + "/out.txt", err = folder + "/err.txt";
-  const pid_t child = fork();
-  if (child != 0) return child;
-  dup2(open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDOUT_FILENO);
-  dup2(open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
-  if (fileLimit > 0) {
-    const struct rlimit limit = {fileLimit, fileLimit};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  if (chdir(folder.c_str()) == 0) execv(VANTLE_PROGRAM, argv.data());
-  _exit(127);
+/// What a program wrote to a terminal, with the ends of lines of every system made one.
+inline std::string ReadOutput(const std::string& path) {
+  std::string text = ReadText(path);
+  text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
+  return text;
 }
 
-inline ProgramRun EndProgram(const std::string& folder, pid_t child) {
-  int status = 0;
-  waitpid(child, &status, 0);
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadText(folder + "/out.txt"),
-          ReadText(folder + "/err.txt")};
-}
-
-inline ProgramRun RunProgram(const Scratch& scratch, const std::vector<std::string>& words,
-                             rlim_t fileLimit = 0) {
+/// Runs the program in the scratch folder to its end. `more` goes to StartProgram.
+template <class... More>
+ProgramRun RunProgram(const Scratch& scratch, const std::vector<std::string>& words, More... more) {
   const std::string folder = scratch.folder.string();
-  return EndProgram(folder, StartProgram(folder, words, fileLimit));
+  const int code = EndProgram(StartProgram(folder, words, more...));
+  return {code, ReadOutput(folder + "/out.txt"), ReadOutput(folder + "/err.txt")};
 }
 
 /// Number of frames, finished or not, that lie in the scratch folder's out/.

@@ -34,7 +34,8 @@ TEST(SceneJson, ReadsAWholeScene) {
   EXPECT_EQ(scene.composition.frameRate.denominator, 1001);
   EXPECT_EQ(scene.composition.frames, 60);
   ASSERT_EQ(scene.layers.size(), 3u);
-  EXPECT_EQ(std::get<StillSource>(scene.layers[0].source).file, scratch.Path("pictures/a.png"));
+  const std::filesystem::path file = std::get<StillSource>(scene.layers[0].source).file;
+  EXPECT_TRUE(file == scratch.folder / "pictures/a.png") << file.string();
   const auto& sequence = std::get<SequenceSource>(scene.layers[1].source);
   EXPECT_EQ(sequence.pattern, scratch.Path("b.####.exr"));
   EXPECT_EQ(sequence.frameRate.numerator, 25);

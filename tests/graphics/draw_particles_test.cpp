@@ -137,5 +137,20 @@ TEST_F(DrawOnGraphicsProcessor, PicturesBeyondABufferAreRefused) {
   EXPECT_EQ(TheStandIn().renders, 0);
 }
 
+// 16384 tiles of a picture, each with all of 8193 particles: more entries than a list can have. One byte
+// stands for the picture, and must stay as it is for the processor.
+TEST_F(DrawOnGraphicsProcessor, ListsBeyondABufferAreRefused) {
+  KernelScene scene = SmallScene();
+  ProjectedParticle everywhere{};
+  everywhere.sx = everywhere.sy = 2000.0f;
+  everywhere.size = 1e6f;
+  everywhere.alpha = 1.0f;
+  scene.particles.assign(8193, everywhere);
+  std::byte pixel{42};
+  EXPECT_FALSE(DrawOnStandIn(scene, {&pixel, 4096 * 4, 4096, 4096, PixelDepth::k8}));
+  EXPECT_EQ(pixel, std::byte{42});
+  EXPECT_EQ(TheStandIn().renders, 0);
+}
+
 }  // namespace
 }  // namespace vantle::test

@@ -6,12 +6,11 @@
 // the tolerance, 1 when not, 2 when there is nothing to draw with. With --time, draws large frames and prints
 // milliseconds.
 
-#include "tests/graphics/kernel_difference.h"
+#include "tests/graphics/kernel_table.h"
 #include "tests/graphics/kernel_times.h"
 #include "tests/graphics/vulkan_kernel.h"
 
 #include <cstdio>
-#include <cstring>
 #include <fstream>
 #include <stdexcept>
 
@@ -67,63 +66,13 @@ std::vector<uint32_t> ReadCode(const std::string& path) {
   return code;
 }
 
-/// With tiles and without: the tiles leave out only what touches nothing, so not a bit may differ.
-FrameDifference CompareScene(const VulkanKernel& kernel, const KernelScene& scene) {
-  const std::vector<float> all = kernel.Draw(MakeKernelInput(scene, false));
-  const std::vector<float> tiled = kernel.Draw(MakeKernelInput(scene, true));
-  FrameDifference difference = CompareFrames(scene, DrawOnProcessor(scene), tiled);
-  if (std::memcmp(all.data(), tiled.data(), all.size() * sizeof(float)) == 0) return difference;
-  FrameDifference untiled = CompareFrames(scene, all, tiled);
-  untiled.wrong = std::max<int64_t>(untiled.wrong, 1);
-  untiled.firstFault = "the tiles change the picture: " + untiled.firstFault;
-  Accumulate(&difference, untiled);
-  return difference;
-}
-
-/// A shape and a mode in every size and with both kinds of line ends.
-FrameDifference CompareShapeAndMode(const VulkanKernel& kernel, int32_t shape, int32_t mode, uint32_t seeds) {
-  FrameDifference sum;
-  for (uint32_t seed = 0; seed < seeds; ++seed) {
-    uint32_t number = static_cast<uint32_t>(shape * 1000 + mode * 50) + seed * 100000;
-    for (const FrameSize size : kFrameSizes) {
-      for (const bool roundCap : {false, true}) {
-        Accumulate(&sum, CompareScene(kernel, MakeKernelScene(shape, mode, roundCap, size, number++)));
-      }
-    }
-  }
-  return sum;
-}
-
-bool PrintTable(const VulkanKernel& kernel, uint32_t seeds) {
-  std::printf("| |");
-  for (const int32_t mode : kKernelModes) std::printf(" %s |", ModeName(mode));
-  std::printf("\n|---|");
-  for (size_t i = 0; i < std::size(kKernelModes); ++i) std::printf("---|");
-  FrameDifference all;
-  for (const int32_t shape : kKernelShapes) {
-    std::printf("\n| %s |", ShapeName(shape));
-    for (const int32_t mode : kKernelModes) {
-      const FrameDifference difference = CompareShapeAndMode(kernel, shape, mode, seeds);
-      std::printf(" %.1e |", static_cast<double>(difference.largest));
-      if (difference.wrong > 0) std::fprintf(stderr, "\n%s\n", difference.firstFault.c_str());
-      Accumulate(&all, difference);
-    }
-    std::fflush(stdout);
-  }
-  std::printf(
-      "\n\n%lld pixels compared, %lld of them drawn; largest difference %.2g, %lld pixels decided by "
-      "the opacity threshold, %lld wrong\n",
-      static_cast<long long>(all.pixels), static_cast<long long>(all.drawn), static_cast<double>(all.largest),
-      static_cast<long long>(all.onThreshold), static_cast<long long>(all.wrong));
-  return all.wrong == 0 && all.drawn > 0;
-}
-
 int Run(const Options& options) {
   const VulkanDevice device(options.library, options.device);
   std::printf("Device: %s\n\n", device.description().c_str());
   const VulkanKernel kernel(device, ReadCode(options.code));
   if (options.time) return PrintTimes(kernel) ? 0 : 1;
-  return PrintTable(kernel, options.seeds) ? 0 : 1;
+  const auto draw = [&](const KernelInput& input) { return kernel.Draw(input); };
+  return PrintKernelTable(draw, options.seeds) ? 0 : 1;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // A small effect that renders grey, or breaks one rule of its host.
 #include "tests/host/misbehaving_effect.h"
 
+#include "base/compiler.h"
 #include "host_api/aegp_suites.h"
 #include "host_api/arbitrary_data.h"
 #include "host_api/commands.h"
@@ -10,12 +11,6 @@
 #include <stdexcept>
 #include <string>
 #include <thread>
-
-#if defined(_WIN32)
-#define TEST_EXPORT extern "C" __declspec(dllexport)
-#else
-#define TEST_EXPORT extern "C" __attribute__((visibility("default")))
-#endif
 
 namespace {
 
@@ -366,14 +361,14 @@ PF_Err AnswerCallback(PF_InData* in, PF_ArbParamsExtra* extra) {
 
 }  // namespace
 
-TEST_EXPORT PF_Err PluginDataEntryFunction(PF_PluginDataPtr token, PF_PluginDataCB callback, SPBasicSuite*,
-                                           const char*, const char*) {
+extern "C" VANTLE_EXPORT PF_Err PluginDataEntryFunction(PF_PluginDataPtr token, PF_PluginDataCB callback,
+                                                        SPBasicSuite*, const char*, const char*) {
   return callback(token, Text("Misbehaving"), Text("Test_Misbehaving"), Text("Test"), Text("EffectMain"),
                   kPluginKindEffect, 13, 28, 8);
 }
 
-TEST_EXPORT PF_Err EffectMain(PF_Cmd command, PF_InData* in, PF_OutData* out, PF_ParamDef* params[],
-                              PF_LayerDef* output, void* extra) {
+extern "C" VANTLE_EXPORT PF_Err EffectMain(PF_Cmd command, PF_InData* in, PF_OutData* out,
+                                           PF_ParamDef* params[], PF_LayerDef* output, void* extra) {
   switch (command) {
     case PF_Cmd_GLOBAL_SETUP:
       return SetUp(in, out);

@@ -1,5 +1,7 @@
 // A library that is no effect at all.
-extern "C" __attribute__((visibility("default"))) int SomethingElse();
+#include "base/compiler.h"
+
+extern "C" VANTLE_EXPORT int SomethingElse();
 extern "C" int SomethingElse() {
   return 1;
 }

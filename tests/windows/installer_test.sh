@@ -42,38 +42,79 @@ CheckInstalled() {
   [[ -f $folder/Uninstall-Vantle.exe ]] || Fail "no uninstaller in $folder"
 }
 
+# Every file of the system, but for what it notes down for itself.
+Listing() { (cd "$drive" && find . -path ./users/*/Temp -prune -o -path ./windows/temp -prune -o -print | sort); }
+
+Install() { Wine "$setup" /S "$@"; }
+
+# Uninstalls, and waits until the uninstaller's copy of itself is through.
+Uninstall() {
+  Wine "$1/Uninstall-Vantle.exe" /S
+  WaitUntilGone "$1/Vantle.aex"
+  WaitUntilGone "$1/Uninstall-Vantle.exe"
+  local i
+  for ((i = 0; i < 100; ++i)); do
+    Wine reg query "$key" >/dev/null 2>&1 || return 0
+    sleep 0.2
+  done
+  Fail "the uninstall entry is still there"
+}
+
+key='HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Vantle'
+hosts='HKLM\Software\Adobe\After Effects'
+version=$(sed -nE 's/^project\(Vantle VERSION ([0-9.]+).*/\1/p' "$root/CMakeLists.txt")
+Listing >"$scratch/before"
+
 # Without a host in the registry: the well-known folder.
-Wine "$setup" /S
+Install
 default="$drive/Program Files/Adobe/Common/Plug-ins/7.0/MediaCore/Vantle"
 CheckInstalled "$default"
-key='HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Vantle'
-[[ $(Registry "$key" DisplayVersion) == *1.2.0* ]] || Fail "the uninstall entry is missing"
+[[ $(Registry "$key" DisplayVersion) == *"$version"* ]] || Fail "the uninstall entry is missing"
+[[ $(Registry "$key" InstallLocation) == *'MediaCore\Vantle'* ]] || Fail "the uninstall entry names another folder"
 
 # Upgrade in place: an older file is replaced, a user's own file stays.
 printf old >"$default/Vantle.aex"
 printf mine >"$default/preset.txt"
-Wine "$setup" /S
+Install
 CheckInstalled "$default"
 
 # Uninstalling takes what was installed and nothing else.
-Wine "$default/Uninstall-Vantle.exe" /S
-WaitUntilGone "$default/Vantle.aex"
-WaitUntilGone "$default/Uninstall-Vantle.exe"
+Uninstall "$default"
 [[ $(ls "$default") == preset.txt ]] || Fail "left behind: $(ls "$default")"
-for ((i = 0; i < 50; ++i)); do
-  [[ -n $(Registry "$key" DisplayVersion) ]] || break
-  sleep 0.2
-done
-[[ -z $(Registry "$key" DisplayVersion) ]] || Fail "the uninstall entry is still there"
-rm -r "$default"
+rm "$default/preset.txt"
+rmdir "$default"
 
-# With a host in the registry: the folder that it names.
-Wine reg add 'HKLM\Software\Adobe\After Effects\22.0' /v CommonPluginInstallPath /d 'C:\plug ins\common' /f >/dev/null
-Wine "$setup" /S
-CheckInstalled "$drive/plug ins/common/Vantle"
-[[ ! -e $default ]] || Fail "installed twice"
-Wine "$drive/plug ins/common/Vantle/vantle.exe" info >"$scratch/info.txt" || Fail "the installed program does not run"
+# With hosts in the registry: the folder that the newest of them names, not the one that is last by its letters, and not
+# one that names none.
+Wine reg add "$hosts\\9.0" /v CommonPluginInstallPath /d 'C:\plug ins\old' /f >/dev/null
+Wine reg add "$hosts\\22.0" /v CommonPluginInstallPath /d 'C:\plug ins\common' /f >/dev/null
+Wine reg add "$hosts\\23.1" /v Language /d en /f >/dev/null
+Install
+named="$drive/plug ins/common/Vantle"
+CheckInstalled "$named"
+[[ ! -e $default && ! -e "$drive/plug ins/old" ]] || Fail "installed elsewhere too"
+Wine "$named/vantle.exe" info >"$scratch/info.txt" || Fail "the installed program does not run"
 grep -q 'Orlan_Vantle' "$scratch/info.txt" || Fail "the installed program does not find the installed effect"
-Wine "$drive/plug ins/common/Vantle/Uninstall-Vantle.exe" /S
-WaitUntilGone "$drive/plug ins/common/Vantle"
-echo "installed, upgraded and uninstalled in both folders"
+
+# Where it is installed already, it stays, whatever a newer host says.
+Wine reg add "$hosts\\24.0" /v CommonPluginInstallPath /d 'C:\plug ins\newer' /f >/dev/null
+Install
+CheckInstalled "$named"
+[[ ! -e "$drive/plug ins/newer" ]] || Fail "installed twice"
+Uninstall "$named"
+WaitUntilGone "$named"
+Wine reg delete "$hosts" /f >/dev/null
+
+# Into a folder of the user's choice (Wine would quote one with a space), and again without saying so.
+Install '/D=C:\effects\Vantle'
+Install
+CheckInstalled "$drive/effects/Vantle"
+Uninstall "$drive/effects/Vantle"
+WaitUntilGone "$drive/effects/Vantle"
+
+# Nothing is left but the folders that hosts share.
+rmdir "$drive/effects" "$drive/plug ins/common" "$drive/plug ins"
+(cd "$drive/Program Files" && rmdir -p Adobe/Common/Plug-ins/7.0/MediaCore) || Fail "the shared folder is not empty"
+Listing >"$scratch/after"
+diff "$scratch/before" "$scratch/after" || Fail "the files above were left behind or taken away"
+echo "installed, upgraded and uninstalled in all folders"

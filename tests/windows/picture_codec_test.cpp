@@ -3,6 +3,7 @@
 
 #include "host/io/codes.h"
 #include "tests/cli/scratch.h"
+#include "tests/cli/tiny_jpeg.h"
 #include "tests/cli/tiny_png.h"
 
 #include <gtest/gtest.h>
@@ -43,6 +44,17 @@ TEST(PictureCodec, ReadsGreyPalettesAndFewBits) {
   const Picture indexed = ReadPicture(palette, PixelDepth::k8);
   EXPECT_EQ(std::to_integer<int>(indexed.pixels[1]), 10);
   EXPECT_EQ(std::to_integer<int>(indexed.pixels[7]), 60);
+}
+
+TEST(PictureCodec, ReadsJpeg) {
+  const Scratch scratch;
+  const Picture picture = ReadPicture(scratch.Write("x.jpg", test::TinyJpeg()), PixelDepth::k8);
+  ASSERT_EQ(picture.width, 8);
+  ASSERT_EQ(picture.height, 8);
+  for (size_t i = 0; i < picture.pixels.size(); ++i)
+    EXPECT_EQ(std::to_integer<int>(picture.pixels[i]), i % 4 == 0 ? 255 : 200) << i;
+  const std::string cut = scratch.Write("cut.jpg", test::TinyJpeg().substr(0, 100));
+  EXPECT_EQ(FailureOf([&] { ReadPicture(cut, PixelDepth::k8); }).substr(0, 2), "3 ");
 }
 
 TEST(PictureCodec, RefusesDamagedMissingAndForeignFiles) {
