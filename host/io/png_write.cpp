@@ -49,7 +49,7 @@ void LoadRow(const std::byte* from, int bits, Bytes* row) {
     return;
   }
   for (size_t i = 0; i < row->size(); i += 2) {
-    uint16_t code;
+    uint16_t code = 0;
     std::memcpy(&code, from + i, 2);
     (*row)[i] = static_cast<std::byte>(code >> 8);
     (*row)[i + 1] = static_cast<std::byte>(code & 0xFF);
