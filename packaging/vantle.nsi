@@ -10,12 +10,49 @@ ShowInstDetails nevershow
 ShowUninstDetails nevershow
 InstallDir ""
 
+!include "FileFunc.nsh"
 !include "LogicLib.nsh"
 !include "WordFunc.nsh"
 !include "x64.nsh"
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Vantle"
 !define HOSTS_KEY "Software\Adobe\After Effects"
+
+; Refuses to go on while the host or the program holds a file: half an upgrade would be worse than none.
+!macro StopInUse FILE
+  MessageBox MB_ICONSTOP|MB_OK "${FILE} is in use. Close what uses it and try again." /SD IDOK
+  SetErrorLevel 2
+  Abort
+!macroend
+
+!macro DeleteOrStop FOLDER FILE
+  Delete "${FOLDER}\${FILE}"
+  ${If} ${FileExists} "${FOLDER}\${FILE}"
+    !insertmacro StopInUse "${FILE}"
+  ${EndIf}
+!macroend
+
+; Only what the installer brought: the folder may hold presets of the user's own.
+!macro RemoveFrom FOLDER
+  !insertmacro DeleteOrStop "${FOLDER}" "vantle.exe"
+  !insertmacro DeleteOrStop "${FOLDER}" "Vantle.aex"
+  Delete "${FOLDER}\README.txt"
+  Delete "${FOLDER}\INSTALL.txt"
+  Delete "${FOLDER}\LICENSES\*.txt"
+  RMDir "${FOLDER}\LICENSES"
+  Delete "${FOLDER}\Uninstall-Vantle.exe"
+  RMDir "${FOLDER}"
+!macroend
+
+!macro ReplaceOrStop FILE
+  ClearErrors
+  SetOverwrite try
+  File "${FILES}\${FILE}"
+  ${If} ${Errors}
+    !insertmacro StopInUse "${FILE}"
+  ${EndIf}
+  SetOverwrite on
+!macroend
 
 Page directory
 Page instfiles
@@ -63,19 +100,30 @@ Function .onInit
   ${EndIf}
 FunctionEnd
 
+; A folder of our own, always: in a shared one our texts would lie among, and over, those of others.
+Function TakeOwnFolder
+  ${GetFileName} "$INSTDIR" $0
+  ${If} $0 != "Vantle"
+    StrCpy $INSTDIR "$INSTDIR\Vantle"
+  ${EndIf}
+FunctionEnd
+
+; The host would find the effect twice.
+Function LeaveFormerFolder
+  ReadRegStr $0 HKLM "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $0 != ""
+  ${AndIf} $0 != $INSTDIR
+    !insertmacro RemoveFrom "$0"
+  ${EndIf}
+FunctionEnd
+
 Section
   SetRegView 64
+  Call TakeOwnFolder
+  Call LeaveFormerFolder
   SetOutPath "$INSTDIR"
-  ClearErrors
-  SetOverwrite try
-  File "${FILES}\Vantle.aex"
-  ${If} ${Errors}
-    MessageBox MB_ICONSTOP|MB_OK "Vantle.aex is in use. Close the host and run the installer again." /SD IDOK
-    SetErrorLevel 2
-    Abort
-  ${EndIf}
-  SetOverwrite on
-  File "${FILES}\vantle.exe"
+  !insertmacro ReplaceOrStop "vantle.exe"
+  !insertmacro ReplaceOrStop "Vantle.aex"
   File "${FILES}\README.txt"
   File "${FILES}\INSTALL.txt"
   SetOutPath "$INSTDIR\LICENSES"
@@ -91,21 +139,8 @@ Section
   WriteRegDWORD HKLM "${UNINSTALL_KEY}" "NoRepair" 1
 SectionEnd
 
-; Only what the installer brought: the folder may hold presets of the user's own.
 Section "Uninstall"
   SetRegView 64
-  Delete "$INSTDIR\Vantle.aex"
-  ${If} ${FileExists} "$INSTDIR\Vantle.aex"
-    MessageBox MB_ICONSTOP|MB_OK "Vantle.aex is in use. Close the host and try again." /SD IDOK
-    SetErrorLevel 2
-    Abort
-  ${EndIf}
-  Delete "$INSTDIR\vantle.exe"
-  Delete "$INSTDIR\README.txt"
-  Delete "$INSTDIR\INSTALL.txt"
-  Delete "$INSTDIR\LICENSES\*.txt"
-  RMDir "$INSTDIR\LICENSES"
-  Delete "$INSTDIR\Uninstall-Vantle.exe"
-  RMDir "$INSTDIR"
+  !insertmacro RemoveFrom "$INSTDIR"
   DeleteRegKey HKLM "${UNINSTALL_KEY}"
 SectionEnd

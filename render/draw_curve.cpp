@@ -48,7 +48,7 @@ bool IsHeadNear(const Trail& t, int32_t x, int32_t y) {
   if (headX * headX + headY * headY < 1e-8f) return true;
   const float d = kernel::sdSegment(static_cast<float>(x) + kTileMiddle, static_cast<float>(y) + kTileMiddle,
                                     t.base.x, t.base.y, t.tip.x, t.tip.y);
-  return !(d > t.reach + t.headHalfW + kTileRadius);
+  return !(d > t.reach + std::fabs(t.headHalfW) + std::fabs(t.halfLW) + kTileRadius);
 }
 
 /// The particle's trail in the pool; no points where the pool has no such slot.

@@ -75,8 +75,8 @@ void DrawSprite(const RasterFrame& frame, const ProjectedParticle& particle, con
   const SpriteFrame s = PrepareSprite(*image, particle);
   if (kernel::isEdgeOn(s.shape)) return;
   const float blur = s.samples > 1 ? particle.cocRadius : 0.0f;
-  const PixelRect rect =
-      TightenToBox(RectOfSprite(s, band), s.shape, 0.5f * s.dispW + blur, 0.5f * s.dispH + blur);
+  const PixelRect rect = TightenToBox(RectOfSprite(s, band), s.shape, 0.5f * std::fabs(s.dispW) + blur,
+                                      0.5f * std::fabs(s.dispH) + blur);
   if (IsEmpty(rect)) return;
 
   constexpr int32_t kColumns = 32;

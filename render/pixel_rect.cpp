@@ -55,6 +55,7 @@ PixelRect TightenToReach(const PixelRect& rect, const kernel::ShapeFrame& f, flo
 /// A triangle's three tips, as far out as its blur moves them: at 60 degrees twice as far as a straight edge.
 PixelRect TightenToTriangle(const PixelRect& rect, const kernel::ShapeFrame& f) {
   const float radius = f.r + f.blurW;
+  if (!(radius < 1e18f)) return rect;
   const Vec2 tips[3] = {
       {0.0f, radius}, {-0.8662f * radius, -0.5f * radius}, {0.8662f * radius, -0.5f * radius}};
   Edges e{f.sx, f.sx, f.sy, f.sy};
@@ -99,6 +100,11 @@ PixelRect TightenToLine(const PixelRect& rect, const kernel::ShapeFrame& f, int3
   const float stepY = std::fabs(f.by - f.ay);
   const float length = std::sqrt(stepX * stepX + stepY * stepY);
   const float aside = (shape == SHAPE_ARROW ? f.halfLW * 2.5f : f.halfLW) + 0.5f * f.blurW;
+
+  // Strokes wider than "far away" cover what lies beyond their ends, and lengths whose squares leave the
+  // floats' range have no direction: nothing is told about either.
+  if (!(aside < 1e8f && length > 0.0f && length < 1e18f)) return rect;
+
   const bool isRound = shape == SHAPE_LINE && roundCap;
   const float reachX = isRound ? aside : aside * stepY / length;
   const float reachY = isRound ? aside : aside * stepX / length;

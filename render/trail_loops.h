@@ -283,7 +283,8 @@ bool CoverTrail(const Trail& trail, bool head, const PixelBlock& block, float* c
   const bool bounded = trail.reach < std::numeric_limits<float>::infinity();
   if ((near.segments | near.joints) == 0 && !head && bounded) return false;
   if (near.saturated) {
-    for (int32_t i = 0; i < block.rows * block.stride; ++i) coverage[i] = 1.0f;
+    // With one row more than there are: rows are blended in pairs.
+    for (int32_t i = 0; i < (block.rows + 1) * block.stride; ++i) coverage[i] = 1.0f;
   } else if (isRound) {
     CoverTrailPixels<L, true>(trail, near, head, block, coverage);
   } else {

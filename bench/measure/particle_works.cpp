@@ -36,6 +36,8 @@ struct Motion {
   FrameConstants constants;
   ViewProjection view;
   std::vector<Batch> batches;
+  std::vector<VectorLanes> positions;  ///< of every batch, and the looks: what a projection starts from
+  std::vector<AppearanceLanes> looks;
 };
 
 void MovePlainly(Motion& m) {
@@ -116,15 +118,21 @@ void ProjectPlainly(Motion& m) {
   }
 }
 
+void KeepWhatIsProjected(Motion* m) {
+  m->positions.resize(kBatches);
+  m->looks.resize(kBatches);
+  for (size_t b = 0; b < kBatches; ++b) {
+    const ParticleLanes& lanes = m->batches[b].lanes;
+    PositionsAt(m->constants, lanes.path, lanes.progress, &m->positions[b]);
+    EvaluateAppearance(m->constants, lanes, &m->looks[b]);
+  }
+}
+
 void ProjectWithProduct(Motion& m) {
   const int32_t indices[kLanes] = {};
   const VectorLanes directions = {};
-  VectorLanes positions;
-  AppearanceLanes looks;
-  PositionsAt(m.constants, m.batches[0].lanes.path, m.batches[0].lanes.progress, &positions);
-  EvaluateAppearance(m.constants, m.batches[0].lanes, &looks);
   for (size_t b = 0; b < kBatches; ++b)
-    ProjectParticles(m.view, positions, directions, looks, indices, kLanes, &m.records[b * kLanes]);
+    ProjectParticles(m.view, m.positions[b], directions, m.looks[b], indices, kLanes, &m.records[b * kLanes]);
 }
 
 struct Order {
@@ -173,6 +181,7 @@ void AddParticleWorks(const std::shared_ptr<Scene>& scene, std::vector<Work>* wo
                 8.0, works);
   const std::shared_ptr<Motion> m = MakeMotion(scene, settings, FrontCamera());
   MoveWithProduct(*m);
+  KeepWhatIsProjected(m.get());
   works->push_back({"projection by a camera", "particle", static_cast<double>(kParticles), false, 0.0, 0.0,
                     [m] { ProjectPlainly(*m); }, [m] { ProjectWithProduct(*m); }});
   AddSortWork(20000, works);

@@ -1,6 +1,7 @@
 // The frame-wide values that the compute shader reads.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace vantle {
@@ -19,5 +20,10 @@ struct RenderParamsCB {
   int32_t g_useTiles;      ///< 1 to walk the tile lists, 0 to walk all particles
 };
 static_assert(sizeof(RenderParamsCB) == 40);
+static_assert(offsetof(RenderParamsCB, g_width) == 0 && offsetof(RenderParamsCB, g_height) == 4);
+static_assert(offsetof(RenderParamsCB, g_numParticles) == 8 && offsetof(RenderParamsCB, g_partShape) == 12);
+static_assert(offsetof(RenderParamsCB, g_blendMode) == 16 && offsetof(RenderParamsCB, g_roundCap) == 20);
+static_assert(offsetof(RenderParamsCB, g_tilesX) == 24 && offsetof(RenderParamsCB, g_tilesY) == 28);
+static_assert(offsetof(RenderParamsCB, g_tileSize) == 32 && offsetof(RenderParamsCB, g_useTiles) == 36);
 
 }  // namespace vantle

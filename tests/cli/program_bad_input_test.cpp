@@ -59,7 +59,7 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{{"render", "scene.json"}, 2, "-o is missing"},
         Mistake{{"render", "scene.json", "-o", kOut, "--fraems", "1"}, 2, "did you mean --frames?"},
         Mistake{{"render", "scene.json", "-o", "out/f.png"}, 2, "need a place for the frame number"},
-        Mistake{{"render", "scene.json", "-o", "out/f.%d.gif"}, 2, "must end in .png, .exr or .npy"},
+        Mistake{{"render", "scene.json", "-o", "out/f.%d.gif"}, 2, "must end in .png"},
         Mistake{{"render", "scene.json", "-o", kOut, "--frames", "0:10"}, 2, "did you mean 0-10?"},
         Mistake{{"render", "scene.json", "-o", kOut, "--frames", "ten"}, 2, "\"ten\" is not a number"},
         Mistake{{"render", "scene.json", "-o", kOut, "--depth", "12"}, 2, "--depth takes 8, 16 or 32"},

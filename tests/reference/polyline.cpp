@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace vantle::reference {
 namespace {
@@ -42,7 +43,7 @@ bool PastEnd(const Vec2& p, const Vec2& a, const Vec2& b) {
 }
 
 float RoundDistance(const Vec2& p, const std::vector<Vec2>& c) {
-  float d = kFarAway;
+  float d = c.size() < 2 ? kFarAway : std::numeric_limits<float>::infinity();
   for (size_t i = 1; i < c.size(); ++i) d = std::min(d, RoundSegmentDistance(p, c[i - 1], c[i]));
   return d;
 }

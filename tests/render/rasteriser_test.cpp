@@ -119,6 +119,36 @@ TEST(Rasteriser, LargeParticlesSpanManyBlocks) {
   }
 }
 
+struct Stroke {
+  float sx, size, lineWidth, rotZ, cocRadius;
+};
+
+// Where the formulas leave what a stroke is, the rectangle must not know better.
+TEST(Rasteriser, StrokesBeyondAllBoundsAreDrawnAsTheFormulasSay) {
+  const Stroke strokes[] = {{30.0f, 10.0f, 1e30f, 0.0f, 0.0f},  {30.0f, 10.0f, 1e30f, 90.0f, 0.0f},
+                            {30.0f, 10.0f, 4e9f, 0.0f, 0.0f},   {30.0f, 10.0f, 2.0f, 0.0f, 3e9f},
+                            {30.0f, 1e30f, 6.0f, 0.0f, 0.0f},   {30.0f, 1e30f, 6.0f, 90.0f, 2.0f},
+                            {5e8f, 10.0f, 1e9f, 0.0f, 0.0f},    {5e8f, 2.0f, 1e30f, 0.0f, 1e9f},
+                            {30.0f, 1e30f, 1e30f, 33.0f, 1e30f}};
+  for (const int32_t shape : {SHAPE_LINE, SHAPE_ARROW, SHAPE_TRIANGLE}) {
+    for (const Stroke& stroke : strokes) {
+      Scene scene = MakeScene(shape, BLEND_NORMAL, {MakeParticle(stroke.sx, 20.0f, stroke.size)});
+      scene.settings.roundCap = false;
+      scene.particles[0].lineWidth = stroke.lineWidth;
+      scene.particles[0].rotZ = stroke.rotZ;
+      scene.particles[0].cocRadius = stroke.cocRadius;
+      const Canvas plain(61, 47, PixelDepth::k8);
+      DrawPlainly(scene, plain);
+      for (const InstructionLevel level : Levels()) {
+        const Canvas fast(61, 47, PixelDepth::k8);
+        DrawAt(level, scene, fast);
+        EXPECT_EQ(fast.Rows(), plain.Rows())
+            << "shape " << shape << ", size " << stroke.size << ", width " << stroke.lineWidth;
+      }
+    }
+  }
+}
+
 TEST(Rasteriser, TheNumberOfThreadsDoesNotShow) {
   for (const PixelDepth depth : kDepths) {
     const Scene scene = RandomScene(11, SHAPE_SOFT_CIRCLE, BLEND_OVERLAY, 640, 480, 4000);

@@ -152,6 +152,7 @@ TEST_P(FrameMemoryAtDepth, TwoHundredThousandTrailsStayUnder128Megabytes) {
 
 INSTANTIATE_TEST_SUITE_P(Depths, FrameMemoryAtDepth, ::testing::Values(PixelDepth::k8, PixelDepth::k32));
 
+/// All shapes but sprites, whose pictures are the host's.
 TEST(FrameMemory, DoesNotGrowOverAThousandFrames) {
   Scene scene;
   constexpr int kFrames = 1000;

@@ -105,8 +105,42 @@ Uninstall "$named"
 WaitUntilGone "$named"
 Wine reg delete "$hosts" /f >/dev/null
 
-# Into a folder of the user's choice (Wine would quote one with a space), and again without saying so.
+# Into a folder of the user's choice (Wine would quote one with a space), and again without saying so. In a folder that
+# others share it takes one of its own.
+Install '/D=C:\effects'
+Install
+CheckInstalled "$drive/effects/Vantle"
+[[ $(ls "$drive/effects") == Vantle ]] || Fail "files lie in the shared folder"
+
+# Into another one: the former copy goes, or the host would find the effect twice.
+Install '/D=C:\moved\Vantle'
+CheckInstalled "$drive/moved/Vantle"
+[[ ! -e $drive/effects/Vantle ]] || Fail "the former copy is still there"
+rmdir "$drive/effects"
 Install '/D=C:\effects\Vantle'
+[[ ! -e $drive/moved/Vantle ]] || Fail "the former copy is still there"
+rmdir "$drive/moved"
+
+# While the program runs, and with it the effect, neither an upgrade nor a removal begins.
+printf old >"$drive/effects/Vantle/README.txt"
+Wine "$drive/effects/Vantle/vantle.exe" bench --rounds 100000 >/dev/null 2>&1 &
+program=$!
+for ((i = 0; i < 100; ++i)); do
+  Wine tasklist 2>/dev/null | grep -qi vantle.exe && break
+  sleep 0.2
+done
+sleep 2
+status=0
+Install || status=$?
+[[ $status == 2 ]] || Fail "an upgrade of what is in use ended with code $status, not 2"
+[[ $(<"$drive/effects/Vantle/README.txt") == old ]] || Fail "half an upgrade"
+Wine "$drive/effects/Vantle/Uninstall-Vantle.exe" /S || true
+sleep 3
+for file in Vantle.aex vantle.exe Uninstall-Vantle.exe; do
+  [[ -f $drive/effects/Vantle/$file ]] || Fail "half a removal: $file is gone"
+done
+Wine taskkill /im vantle.exe /f >/dev/null
+wait "$program" || true
 Install
 CheckInstalled "$drive/effects/Vantle"
 Uninstall "$drive/effects/Vantle"

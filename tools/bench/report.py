@@ -58,6 +58,18 @@ def is_reached(cells):
     return True
 
 
+# A whole frame on two threads against one, at the best level; by the stage's name.
+TWO_THREADS = {"default frame, 8 bit": 1.4, "heavy frame, 8 bit": 1.7}
+
+
+def two_threads_text(stage, cells):
+    if stage not in TWO_THREADS:
+        return ""
+    one, two = cells.get(("avx512", 1)) or cells.get(("avx2", 1)), cells.get(("avx512", 2)) or cells.get(("avx2", 2))
+    missed = two is None or one["least_ns"] / two["least_ns"] < TWO_THREADS[stage]
+    return f"; two threads {TWO_THREADS[stage]:g}x one" + (" **missed**" if missed else "")
+
+
 def road_text(cells, road, threads):
     plain, cell = cells[("plain", 1)], cells.get((road, threads))
     if cell is None:
@@ -75,7 +87,7 @@ def table(data):
     for stage, cells in cells_by_stage(data).items():
         plain = cells[("plain", 1)]
         name = stage + (f", a {plain['item']}" if plain["item"] else "")
-        goal = goal_text(plain) + ("" if is_reached(cells) else " **missed**")
+        goal = goal_text(plain) + ("" if is_reached(cells) else " **missed**") + two_threads_text(stage, cells)
         spread = max(cell["median_ns"] / cell["least_ns"] for cell in cells.values())
         rows.append([name, goal, duration(plain["least_ns"] / plain["items"])]
                     + [road_text(cells, road, 1) for road in ROADS] + [f"{spread:.2f}"])
