@@ -52,13 +52,14 @@ CopyLicences() {
 
 # Paths of this machine tell users nothing and make two builds differ.
 CheckPaths() {
-  local file=$1 found folder
-  found=$(grep -aoE '(/usr/(include|share|lib|src)|/build/)[[:print:]]*' "$file" | head -n 5 || true)
-  # Texts, not patterns: a folder's name may hold anything. A home of / would be found in every address.
+  local file=$1 status=0 found folder folders='/usr/(include|share|lib|src)|/build/'
+  # A folder's name may hold anything, also what means something in a pattern. A home of / is in every address.
   for folder in "$root" "$build" "${HOME:-}/"; do
-    [[ $folder == / || $folder == // ]] || ! grep -qaF -e "$folder" "$file" || found+=" $folder"
+    [[ $folder == / || $folder == // ]] || folders+="|$(sed 's/[][\\.*^$+?(){}|]/\\&/g' <<<"$folder")"
   done
-  [[ -z $found ]] || Refuse "$(basename "$file") holds paths of this machine: $found"
+  found=$(grep -aoE "($folders)[[:print:]]*" "$file") || status=$?
+  ((status <= 1)) || Refuse "$(basename "$file") cannot be searched for paths of this machine"
+  [[ -z $found ]] || Refuse "$(basename "$file") holds paths of this machine: $(head -n 5 <<<"$found")"
 }
 
 CheckTables() {

@@ -30,8 +30,8 @@ TEST(ProcessEnd, DISABLED_RendersAndEnds) {
   ExitProcess(0);
 }
 
-/// The exit code of this program, started to run the test above; 1000 when it does not end within two
-/// minutes.
+/// The exit code of this program, started to run the test above; 1000 when it does not end within a
+/// minute.
 DWORD EndOfAnother() {
   std::vector<char> program(32768);
   GetModuleFileNameA(nullptr, program.data(), static_cast<DWORD>(program.size()));
