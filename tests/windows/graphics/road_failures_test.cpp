@@ -31,6 +31,14 @@ const Failure kFailures[] = {
      [] { TheGraphics().withholdDevice = true; },
      {"[Vantle GPU] Failed to create D3D11 device: 0x00000000\n"},
      true},
+    {"ContextNotHandedOut",
+     [] { TheGraphics().withholdContext = true; },
+     {"[Vantle GPU] Failed to create D3D11 device: 0x00000000\n"},
+     true},
+    {"DeviceAfterAGoodProbe",
+     [] { TheGraphics().failDevice = 2; },
+     {"[Vantle GPU] Failed to create D3D11 device: 0x887A0004\n"},
+     true},
     {"CompilationErrorWithText",
      [] { FailCompilation("VantleKernel.hlsl(7,3): error X3018: no such thing\n"); },
      {"[Vantle GPU] HLSL compile error: VantleKernel.hlsl(7,3): error X3018: no such thing\n\n"},
@@ -48,6 +56,8 @@ const Failure kFailures[] = {
 void StopFailing() {
   TheGraphics().createDevice = 0;
   TheGraphics().withholdDevice = false;
+  TheGraphics().withholdContext = false;
+  TheGraphics().failDevice = 0;
   TheGraphics().createShader = 0;
   TheGraphics().map = 0;
   TheCompiler().result = 0;

@@ -146,12 +146,13 @@ extern "C" HRESULT WINAPI D3D11CreateDevice(IDXGIAdapter* adapter, D3D_DRIVER_TY
   CheckRequest(adapter, type, software, flags, levels, count, version);
   if (Books().createDevice != 0) return Books().createDevice;
   if (Books().withholdDevice) return S_OK;
+  if (Books().failDevice > 0 && --Books().failDevice == 0) return kUnsupported;
   static const ID3D11DeviceVtbl table = MakeDeviceTable();
   ++Books().devices;
   Object* const device = NewObject(Kind::kDevice, &table, nullptr);
   *madeDevice = reinterpret_cast<ID3D11Device*>(device);
   if (obtained != nullptr) *obtained = D3D_FEATURE_LEVEL_11_0;
-  if (madeContext != nullptr) {
+  if (madeContext != nullptr && !Books().withholdContext) {
     Object* const context = NewObject(Kind::kContext, &ContextTable(), device);
     *madeContext = reinterpret_cast<ID3D11DeviceContext*>(context);
   }

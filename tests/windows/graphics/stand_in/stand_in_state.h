@@ -27,7 +27,9 @@ struct SeenDispatch {
 struct Graphics {
   // What goes wrong. Codes are answered by every such call until they are set back.
   Result createDevice = 0;
-  bool withholdDevice = false;  ///< D3D11CreateDevice succeeds and gives nothing
+  bool withholdDevice = false;   ///< D3D11CreateDevice succeeds and gives nothing
+  bool withholdContext = false;  ///< it gives a device and no context
+  int failDevice = 0;            ///< this many devices further on, one is unsupported: 1 is the next; 0 never
   Result createShader = 0;
   int failCreation = 0;  ///< this many buffers and views further on, one is not made: 1 is the next; 0 never
   Result map = 0;
