@@ -20,6 +20,9 @@ void SurviveFileLimits();
 void CatchInterrupts();
 bool WasInterrupted();
 
+/// Ends the program with this exit code, all output written.
+[[noreturn]] void EndProgram(int code);
+
 /// Whether standard error is a terminal.
 bool ErrorsGoToTerminal();
 

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sys/resource.h>
@@ -69,6 +70,10 @@ std::string ProcessorName() {
     if (line.starts_with("model name") && colon != std::string::npos) return line.substr(colon + 2);
   }
   return "unknown processor";
+}
+
+void EndProgram(int code) {
+  std::exit(code);
 }
 
 std::string SystemName() {

@@ -2,8 +2,11 @@
 
 #include <atomic>
 #include <csignal>
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <io.h>
+#include <iostream>
 #include <windows.h>
 // Needs the types of the header above it.
 #include <psapi.h>
@@ -73,6 +76,15 @@ std::string ProcessorName() {
   const std::string name =
       RegistryText("HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0", "ProcessorNameString");
   return name.empty() ? "unknown processor" : name;
+}
+
+// Without the runtimes' clean-up: the OpenMP runtime's may wait for good for a lock that one of its workers
+// holds.
+void EndProgram(int code) {
+  std::cout.flush();
+  std::cerr.flush();
+  std::fflush(nullptr);
+  std::_Exit(code);
 }
 
 std::string SystemName() {
