@@ -5,6 +5,7 @@
 // the tolerance, 1 when not, 2 when there is no device or no shader.
 #include "render/graphics/gpu_renderer.h"
 #include "tests/graphics/kernel_table.h"
+#include "tests/windows/end_process.h"
 #include "tests/windows/graphics/debug_text.h"
 
 #include <cstdio>
@@ -61,9 +62,10 @@ int Run(uint32_t seeds) {
 
 int main(int argc, char** argv) {
   try {
-    return vantle::test::Run(argc > 1 ? static_cast<uint32_t>(std::strtoul(argv[1], nullptr, 10)) : 1);
+    vantle::test::EndProcess(
+        vantle::test::Run(argc > 1 ? static_cast<uint32_t>(std::strtoul(argv[1], nullptr, 10)) : 1));
   } catch (const std::exception& error) {
     std::fprintf(stderr, "direct3d_proof: %s\n", error.what());
-    return 1;
+    vantle::test::EndProcess(1);
   }
 }
