@@ -8,21 +8,6 @@
 #include "host/scene/layer_store.h"
 
 namespace vantle::cli {
-namespace {
-
-void CheckResult(const host::FrameResult& result) {
-  if (host::Succeeded(result)) return;
-  if (result.error != PF_Err_NONE)
-    throw io::Failure(
-        io::kEffectError,
-        "the effect failed at " + DescribeError(result.failedCommand, result.error, result.message));
-  std::string all;
-  for (const std::string& problem : result.problems) all += (all.empty() ? "" : "; ") + problem;
-  throw io::Failure(result.refused ? io::kUnreadableInput : io::kEffectError,
-                    (result.refused ? "the frame cannot be handed over: " : "the effect misbehaved: ") + all);
-}
-
-}  // namespace
 
 const Command& FrameCommand() {
   static const Command command = [] {
@@ -69,7 +54,7 @@ int RunFrame(const Arguments& arguments) {
   host::World world;
   try {
     const host::FrameRequest request = scene::ReadFrameRequest(arguments.positionals[0], *effect);
-    CheckResult(host::RenderFrame(*effect, request, &world));
+    RequireSuccess(host::RenderFrame(*effect, request, &world));
   } catch (...) {
     host::CloseEffect(*effect);
     throw;

@@ -1,11 +1,11 @@
 #include "host/cli/parameter_report.h"
 
 #include "host/engine/custom_values.h"
+#include "host/io/json_file.h"
 #include "host/scene/parameter_lookup.h"
 #include "host_api/commands.h"
 #include "particles/custom_values.h"
 
-#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <string_view>
@@ -89,15 +89,6 @@ Json NamesOfFlags(A_long flags, const FlagName (&names)[count]) {
   return list;
 }
 
-// The shortest decimal that means this float, so that 0.1f reads 0.1.
-double Readable(float value) {
-  char text[32];
-  const auto [end, error] = std::to_chars(text, text + sizeof(text), value);
-  double readable = static_cast<double>(value);
-  if (error == std::errc()) std::from_chars(text, end, readable);
-  return readable;
-}
-
 std::string FourLetters(A_long code) {
   std::string text;
   for (int shift = 24; shift >= 0; shift -= 8)
@@ -120,7 +111,8 @@ Json CustomDefault(const std::vector<std::uint8_t>& bytes) {
     Json stops = Json::array();
     for (int32_t i = 0; i < gradient.count && i < kMaxGradientStops && i >= 0; ++i) {
       const GradientStop& stop = gradient.stops[i];
-      stops.push_back({Readable(stop.position), Readable(stop.r), Readable(stop.g), Readable(stop.b)});
+      stops.push_back({io::ShortestDecimal(stop.position), io::ShortestDecimal(stop.r),
+                       io::ShortestDecimal(stop.g), io::ShortestDecimal(stop.b)});
     }
     return stops;
   }
@@ -129,19 +121,19 @@ Json CustomDefault(const std::vector<std::uint8_t>& bytes) {
   std::memcpy(&curve, bytes.data(), sizeof(curve));
   Json points = Json::array();
   for (int32_t i = 0; i < curve.count && i < kMaxCurvePoints && i >= 0; ++i)
-    points.push_back({Readable(curve.x[i]), Readable(curve.y[i])});
-  return {{"max", Readable(curve.maximum)}, {"points", points}};
+    points.push_back({io::ShortestDecimal(curve.x[i]), io::ShortestDecimal(curve.y[i])});
+  return {{"max", io::ShortestDecimal(curve.maximum)}, {"points", points}};
 }
 
 void AddSlider(const PF_FloatSliderDef& slider, Json* entry) {
-  (*entry)["default"] = Readable(slider.dephault);
+  (*entry)["default"] = io::ShortestDecimal(slider.dephault);
   (*entry)["value"] = slider.value;
-  (*entry)["valid_range"] = {Readable(slider.valid_min), Readable(slider.valid_max)};
-  (*entry)["slider_range"] = {Readable(slider.slider_min), Readable(slider.slider_max)};
+  (*entry)["valid_range"] = {io::ShortestDecimal(slider.valid_min), io::ShortestDecimal(slider.valid_max)};
+  (*entry)["slider_range"] = {io::ShortestDecimal(slider.slider_min), io::ShortestDecimal(slider.slider_max)};
   (*entry)["precision"] = slider.precision;
   (*entry)["percent"] = (slider.display_flags & PF_ValueDisplayFlag_PERCENT) != 0;
   (*entry)["display_flags"] = slider.display_flags;
-  (*entry)["curve_tolerance"] = Readable(slider.curve_tolerance);
+  (*entry)["curve_tolerance"] = io::ShortestDecimal(slider.curve_tolerance);
 }
 
 void AddTyped(const DeclaredParam& param, Json* entry) {

@@ -50,16 +50,6 @@ int FindButton(const std::vector<host::DeclaredParam>& params, const std::string
                                     (buttons.empty() ? "" : "; there is " + buttons));
 }
 
-void CheckResult(const host::FrameResult& result) {
-  if (result.error != PF_Err_NONE)
-    throw io::Failure(
-        io::kEffectError,
-        "the effect failed at " + DescribeError(result.failedCommand, result.error, result.message));
-  std::string all;
-  for (const std::string& problem : result.problems) all += (all.empty() ? "" : "; ") + problem;
-  if (!all.empty()) throw io::Failure(io::kEffectError, "the effect misbehaved: " + all);
-}
-
 /// Sends the press; the composition as it was before.
 composition::Composition Press(scene::PreparedScene& prepared, int button) {
   const composition::Composition before = *prepared.composition;
@@ -67,7 +57,8 @@ composition::Composition Press(scene::PreparedScene& prepared, int button) {
   const host::FrameRequest request = scene::RequestFrame(prepared, 0, failure);
   PF_UserChangedParamExtra change{};
   change.param_index = button;
-  CheckResult(host::SendFrameCommand(*prepared.effect, PF_Cmd_USER_CHANGED_PARAM, request, nullptr, &change));
+  RequireSuccess(
+      host::SendFrameCommand(*prepared.effect, PF_Cmd_USER_CHANGED_PARAM, request, nullptr, &change));
   return before;
 }
 

@@ -81,14 +81,7 @@ void TreatExisting(const RenderRequest& request, const scene::Composition& compo
 
 void CheckFrame(const host::FrameResult& result, const scene::CheckoutFailure& failure) {
   if (!failure.message.empty()) throw io::Failure(io::kUnreadableInput, failure.message);
-  if (host::Succeeded(result)) return;
-  if (result.error != PF_Err_NONE)
-    throw io::Failure(
-        io::kEffectError,
-        "the effect failed at " + DescribeError(result.failedCommand, result.error, result.message));
-  std::string all;
-  for (const std::string& problem : result.problems) all += (all.empty() ? "" : "; ") + problem;
-  throw io::Failure(io::kEffectError, "the effect misbehaved: " + all);
+  RequireSuccess(result);
 }
 
 double RenderAndWrite(scene::PreparedScene& prepared, io::OutputFormat format, const FrameJob& job) {

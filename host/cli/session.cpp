@@ -76,6 +76,18 @@ std::string DescribeError(PF_Cmd command, PF_Err error, const std::string& messa
   return text;
 }
 
+void RequireSuccess(const host::FrameResult& result) {
+  if (host::Succeeded(result)) return;
+  if (result.error != PF_Err_NONE)
+    throw io::Failure(
+        io::kEffectError,
+        "the effect failed at " + DescribeError(result.failedCommand, result.error, result.message));
+  std::string all;
+  for (const std::string& problem : result.problems) all += (all.empty() ? "" : "; ") + problem;
+  throw io::Failure(result.refused ? io::kUnreadableInput : io::kEffectError,
+                    (result.refused ? "the frame cannot be handed over: " : "the effect misbehaved: ") + all);
+}
+
 void PrintLine(const std::string& line) {
   static std::mutex mutex;
   std::string clean = line;

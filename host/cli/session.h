@@ -3,6 +3,7 @@
 
 #include "host/cli/arguments.h"
 #include "host/engine/effect.h"
+#include "host/engine/frame_request.h"
 
 #include <memory>
 #include <string>
@@ -25,6 +26,10 @@ void CloseSession(host::EffectInstance& effect);
 
 /// "render, error 512 (\"message\")".
 std::string DescribeError(PF_Cmd command, PF_Err error, const std::string& message);
+
+/// Throws Failure unless the command succeeded: kEffectError where the effect failed or misbehaved,
+/// kUnreadableInput where the request could not be handed over.
+void RequireSuccess(const host::FrameResult& result);
 
 /// One line to standard error, whole even when several threads print.
 void PrintLine(const std::string& line);

@@ -5,6 +5,7 @@
 #include "host/io/nearest.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <set>
 
@@ -132,6 +133,14 @@ std::vector<std::pair<std::string, Node>> Members(const Node& node, const std::s
   for (const auto& [key, value] : node.value->items())
     members.emplace_back(key, Node{&value, node.file, node.path.empty() ? key : node.path + "." + key});
   return members;
+}
+
+double ShortestDecimal(float value) {
+  char text[32];
+  const auto [end, error] = std::to_chars(text, text + sizeof(text), value);
+  double shortest = static_cast<double>(value);
+  if (error == std::errc()) std::from_chars(text, end, shortest);
+  return shortest;
 }
 
 double ReadNumber(const Node& node) {

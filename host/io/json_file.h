@@ -51,6 +51,9 @@ std::vector<Node> Elements(const Node& node, const std::string& expected);
 /// Keys and values of an object, in the order of the file.
 std::vector<std::pair<std::string, Node>> Members(const Node& node, const std::string& expected);
 
+/// The shortest decimal that means this float: 0.1 for 0.1f, not 0.10000000149011612.
+double ShortestDecimal(float value);
+
 /// Values of one type; anything else throws. Numbers must be finite.
 double ReadNumber(const Node& node);
 int64_t ReadInteger(const Node& node, int64_t lowest, int64_t highest);

@@ -1,10 +1,10 @@
 #include "host/scene/flattened_value.h"
 
+#include "host/io/json_file.h"
 #include "host/scene/scene_json.h"
 #include "host/scene/timeline.h"
 #include "particles/custom_values.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstring>
 
@@ -21,15 +21,6 @@ int DigitOf(char letter) {
   return found == nullptr ? -1 : static_cast<int>(found - kDigits);
 }
 
-// The shortest decimal that means this float, so that 0.1f is written 0.1.
-double Readable(float value) {
-  char text[32];
-  const auto [end, error] = std::to_chars(text, text + sizeof(text), value);
-  double readable = static_cast<double>(value);
-  if (error == std::errc()) std::from_chars(text, end, readable);
-  return readable;
-}
-
 bool AllFinite(const Json& list) {
   for (const Json& item : list)
     if (item.is_array() ? !AllFinite(item) : !std::isfinite(item.get<double>())) return false;
@@ -44,7 +35,8 @@ Json ReadablePart(const Bytes& bytes) {
     std::memcpy(&gradient, bytes.data(), sizeof(gradient));
     for (int32_t i = 0; i < UsableCount(gradient); ++i) {
       const GradientStop& stop = gradient.stops[i];
-      list.push_back({Readable(stop.position), Readable(stop.r), Readable(stop.g), Readable(stop.b)});
+      list.push_back({io::ShortestDecimal(stop.position), io::ShortestDecimal(stop.r),
+                      io::ShortestDecimal(stop.g), io::ShortestDecimal(stop.b)});
     }
     return AllFinite(list) ? list : Json();
   }
@@ -52,9 +44,9 @@ Json ReadablePart(const Bytes& bytes) {
   LifeCurve curve;
   std::memcpy(&curve, bytes.data(), sizeof(curve));
   for (int32_t i = 0; i < UsableCount(curve); ++i)
-    list.push_back({Readable(curve.x[i]), Readable(curve.y[i])});
+    list.push_back({io::ShortestDecimal(curve.x[i]), io::ShortestDecimal(curve.y[i])});
   if (!AllFinite(list) || !std::isfinite(curve.maximum)) return {};
-  return {{"max", Readable(curve.maximum)}, {"points", list}};
+  return {{"max", io::ShortestDecimal(curve.maximum)}, {"points", list}};
 }
 
 Bytes BytesOfReadable(const io::Node& node) {
